@@ -1,0 +1,55 @@
+# make run   installs what is missing, builds, and runs the host program on the
+#            bundled support folder.
+# make test  installs what is missing, builds, and runs every test.
+# make asan  the test suite again in an AddressSanitizer + UBSan build.
+# make bench builds and runs the benchmarks.
+
+BUILD      ?= build
+ASAN_BUILD ?= build-asan
+BUILD_TYPE ?= RelWithDebInfo
+JOBS       ?= $(shell nproc)
+PACKAGES   := cmake ninja-build g++ make libgtest-dev libgmock-dev libbenchmark-dev \
+              libpugixml-dev python3 python3-ezdxf
+SUDO       := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
+RUN_DIR    := $(BUILD)/run
+
+.PHONY: all deps configure build run test asan bench clean
+
+all: build
+
+# Installs only what dpkg does not already have, so a prepared machine pays nothing.
+deps:
+	@missing=""; for p in $(PACKAGES); do \
+	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+	  echo "installing:$$missing"; \
+	  $(SUDO) apt-get update -qq && DEBIAN_FRONTEND=noninteractive $(SUDO) apt-get install -y -qq $$missing; \
+	fi
+
+$(BUILD)/build.ninja:
+	cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=$(BUILD_TYPE)
+
+configure: deps $(BUILD)/build.ninja
+
+build: configure
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	rm -rf $(RUN_DIR) && mkdir -p $(RUN_DIR) && cp -r share/support $(RUN_DIR)/support
+	$(BUILD)/bin/tolv host --main-dir $(RUN_DIR)/support
+
+test: build
+	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
+
+asan: deps
+	cmake -S . -B $(ASAN_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTOLV_SANITIZE=ON -DTOLV_BUILD_BENCH=OFF
+	cmake --build $(ASAN_BUILD) -j $(JOBS)
+	ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  ctest --test-dir $(ASAN_BUILD) --output-on-failure -j $(JOBS)
+
+bench: build
+	@for b in $(BUILD)/bin/bench_*; do [ -x "$$b" ] && echo "== $$b" && $$b; done; true
+
+clean:
+	rm -rf $(BUILD) $(ASAN_BUILD)

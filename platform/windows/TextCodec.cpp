@@ -1,0 +1,220 @@
+#include "platform/windows/TextCodec.h"
+
+#include <iconv.h>
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace tolv {
+
+namespace {
+
+constexpr wchar_t kReplacement = 0xFFFD;
+
+void AppendUtf8(std::string &out, std::uint32_t cp) {
+  if (cp < 0x80) {
+    out += static_cast<char>(cp);
+  } else if (cp < 0x800) {
+    out += static_cast<char>(0xC0 | (cp >> 6));
+    out += static_cast<char>(0x80 | (cp & 0x3F));
+  } else if (cp < 0x10000) {
+    out += static_cast<char>(0xE0 | (cp >> 12));
+    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (cp & 0x3F));
+  } else {
+    out += static_cast<char>(0xF0 | (cp >> 18));
+    out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (cp & 0x3F));
+  }
+}
+
+// The two GBK tables, built once from the C library's converter.
+struct GbkTables {
+  // Double-byte code (lead 0x81..0xFE, trail 0x40..0xFE) to wide; 0 = none.
+  std::vector<char16_t> decode = std::vector<char16_t>(126 * 191, 0);
+  // BMP character to double-byte code (lead << 8 | trail); 0 = none.
+  std::vector<std::uint16_t> encode = std::vector<std::uint16_t>(0x10000, 0);
+};
+
+const GbkTables &Tables() {
+  static std::once_flag once;
+  static std::unique_ptr<GbkTables> tables;
+  std::call_once(once, [] {
+    tables = std::make_unique<GbkTables>();
+    iconv_t cd = iconv_open("UTF-16LE", "GBK");
+    if (cd == reinterpret_cast<iconv_t>(-1)) return;
+    for (int lead = 0x81; lead <= 0xFE; ++lead) {
+      for (int trail = 0x40; trail <= 0xFE; ++trail) {
+        if (trail == 0x7F) continue;
+        char in[2] = {static_cast<char>(lead), static_cast<char>(trail)};
+        unsigned char out[8];
+        char *inp = in;
+        char *outp = reinterpret_cast<char *>(out);
+        size_t inleft = 2, outleft = sizeof out;
+        iconv(cd, nullptr, nullptr, nullptr, nullptr);
+        if (iconv(cd, &inp, &inleft, &outp, &outleft) == static_cast<size_t>(-1)) continue;
+        if (sizeof out - outleft != 2) continue;
+        char16_t unit = static_cast<char16_t>(out[0] | (out[1] << 8));
+        tables->decode[(lead - 0x81) * 191 + (trail - 0x40)] = unit;
+        if (tables->encode[unit] == 0)
+          tables->encode[unit] = static_cast<std::uint16_t>((lead << 8) | trail);
+      }
+    }
+    iconv_close(cd);
+  });
+  return *tables;
+}
+
+bool IsAscii(std::string_view bytes) {
+  for (char c : bytes)
+    if (static_cast<unsigned char>(c) >= 0x80) return false;
+  return true;
+}
+
+bool IsAscii(std::wstring_view text) {
+  for (wchar_t c : text)
+    if (static_cast<std::uint32_t>(c) >= 0x80) return false;
+  return true;
+}
+
+}  // namespace
+
+std::wstring FromUtf8(std::string_view bytes) {
+  std::wstring out;
+  out.reserve(bytes.size());
+  const auto *p = reinterpret_cast<const unsigned char *>(bytes.data());
+  const auto *end = p + bytes.size();
+  while (p < end) {
+    unsigned char c = *p;
+    if (c < 0x80) {
+      out += static_cast<wchar_t>(c);
+      ++p;
+      continue;
+    }
+    int extra = (c >= 0xF0 && c <= 0xF4) ? 3 : (c >= 0xE0) ? 2 : (c >= 0xC2 && c <= 0xDF) ? 1 : -1;
+    if (c >= 0xF5) extra = -1;
+    if (extra < 0 || end - p <= extra) {
+      out += kReplacement;
+      ++p;
+      continue;
+    }
+    std::uint32_t cp = c & (0x3F >> extra);
+    bool ok = true;
+    for (int i = 1; i <= extra; ++i) {
+      if ((p[i] & 0xC0) != 0x80) {
+        ok = false;
+        break;
+      }
+      cp = (cp << 6) | (p[i] & 0x3F);
+    }
+    // Overlong forms, surrogates and values above U+10FFFF are invalid.
+    static const std::uint32_t kMin[4] = {0, 0x80, 0x800, 0x10000};
+    if (!ok || cp < kMin[extra] || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) {
+      out += kReplacement;
+      ++p;
+      continue;
+    }
+    out += static_cast<wchar_t>(cp);
+    p += extra + 1;
+  }
+  return out;
+}
+
+std::string ToUtf8(std::wstring_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (wchar_t c : text) {
+    auto cp = static_cast<std::uint32_t>(c);
+    if (cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) cp = kReplacement;
+    AppendUtf8(out, cp);
+  }
+  return out;
+}
+
+std::wstring FromUtf16(std::u16string_view units) {
+  std::wstring out;
+  out.reserve(units.size());
+  for (size_t i = 0; i < units.size(); ++i) {
+    char16_t u = units[i];
+    if (u >= 0xD800 && u <= 0xDBFF && i + 1 < units.size() && units[i + 1] >= 0xDC00 &&
+        units[i + 1] <= 0xDFFF) {
+      out += static_cast<wchar_t>(0x10000 + ((u - 0xD800) << 10) + (units[i + 1] - 0xDC00));
+      ++i;
+    } else {
+      out += static_cast<wchar_t>(u);
+    }
+  }
+  return out;
+}
+
+std::u16string ToUtf16(std::wstring_view text) {
+  std::u16string out;
+  out.reserve(text.size());
+  for (wchar_t c : text) {
+    auto cp = static_cast<std::uint32_t>(c);
+    if (cp >= 0x10000 && cp <= 0x10FFFF) {
+      cp -= 0x10000;
+      out += static_cast<char16_t>(0xD800 + (cp >> 10));
+      out += static_cast<char16_t>(0xDC00 + (cp & 0x3FF));
+    } else if (cp > 0x10FFFF) {
+      out += static_cast<char16_t>(kReplacement);
+    } else {
+      out += static_cast<char16_t>(cp);
+    }
+  }
+  return out;
+}
+
+std::string ToGbk(std::wstring_view text) {
+  if (IsAscii(text)) return std::string(text.begin(), text.end());
+  const GbkTables &t = Tables();
+  std::string out;
+  out.reserve(text.size() * 2);
+  for (wchar_t c : text) {
+    auto cp = static_cast<std::uint32_t>(c);
+    if (cp < 0x80) {
+      out += static_cast<char>(cp);
+    } else if (cp == 0x20AC) {
+      out += static_cast<char>(0x80);  // code page 936 keeps the euro sign here
+    } else if (cp < 0x10000 && t.encode[cp] != 0) {
+      out += static_cast<char>(t.encode[cp] >> 8);
+      out += static_cast<char>(t.encode[cp] & 0xFF);
+    } else {
+      out += '?';
+    }
+  }
+  return out;
+}
+
+std::wstring FromGbk(std::string_view bytes) {
+  if (IsAscii(bytes)) return std::wstring(bytes.begin(), bytes.end());
+  const GbkTables &t = Tables();
+  std::wstring out;
+  out.reserve(bytes.size());
+  for (size_t i = 0; i < bytes.size(); ++i) {
+    auto b = static_cast<unsigned char>(bytes[i]);
+    if (b < 0x80) {
+      out += static_cast<wchar_t>(b);
+    } else if (b == 0x80) {
+      out += static_cast<wchar_t>(0x20AC);
+    } else if (b <= 0xFE && i + 1 < bytes.size()) {
+      auto trail = static_cast<unsigned char>(bytes[i + 1]);
+      char16_t unit = 0;
+      if (trail >= 0x40 && trail <= 0xFE && trail != 0x7F) unit = t.decode[(b - 0x81) * 191 + (trail - 0x40)];
+      if (unit != 0) {
+        out += static_cast<wchar_t>(unit);
+        ++i;
+      } else {
+        out += L'?';
+      }
+    } else {
+      out += L'?';
+    }
+  }
+  return out;
+}
+
+}  // namespace tolv
