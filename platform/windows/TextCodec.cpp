@@ -189,6 +189,54 @@ std::string ToGbk(std::wstring_view text) {
   return out;
 }
 
+namespace {
+
+// Appends the 936 bytes of one character to buf; gives how many (1 or 2).
+int GbkBytes(wchar_t c, unsigned char buf[2]) {
+  auto cp = static_cast<std::uint32_t>(c);
+  if (cp < 0x80) {
+    buf[0] = static_cast<unsigned char>(cp);
+    return 1;
+  }
+  if (cp == 0x20AC) {
+    buf[0] = 0x80;
+    return 1;
+  }
+  const GbkTables &t = Tables();
+  if (cp < 0x10000 && t.encode[cp] != 0) {
+    buf[0] = static_cast<unsigned char>(t.encode[cp] >> 8);
+    buf[1] = static_cast<unsigned char>(t.encode[cp] & 0xFF);
+    return 2;
+  }
+  buf[0] = '?';
+  return 1;
+}
+
+}  // namespace
+
+int CompareGbk(std::wstring_view a, std::wstring_view b) {
+  size_t i = 0, j = 0;
+  unsigned char ba[2], bb[2];
+  int na = 0, nb = 0, pa = 0, pb = 0;  // pending bytes of the current characters
+  for (;;) {
+    if (pa == na) {
+      // strcmp stops at the first null, as the narrow form would end there.
+      if (i == a.size() || a[i] == 0) na = 0;
+      else na = GbkBytes(a[i++], ba);
+      pa = 0;
+    }
+    if (pb == nb) {
+      if (j == b.size() || b[j] == 0) nb = 0;
+      else nb = GbkBytes(b[j++], bb);
+      pb = 0;
+    }
+    if (na == 0 || nb == 0) return (na == 0 ? 0 : 1) - (nb == 0 ? 0 : 1);
+    if (ba[pa] != bb[pb]) return ba[pa] < bb[pb] ? -1 : 1;
+    ++pa;
+    ++pb;
+  }
+}
+
 std::wstring FromGbk(std::string_view bytes) {
   if (IsAscii(bytes)) return std::wstring(bytes.begin(), bytes.end());
   const GbkTables &t = Tables();

@@ -23,6 +23,10 @@ std::u16string ToUtf16(std::wstring_view text);
 std::string ToGbk(std::wstring_view text);
 std::wstring FromGbk(std::string_view bytes);
 
+// Compares the code-page-936 forms of two texts byte by byte, as strcmp
+// would compare them after ToGbk, without building them: <0, 0 or >0.
+int CompareGbk(std::wstring_view a, std::wstring_view b);
+
 // The code pages of the Windows conversion functions that the system uses.
 constexpr unsigned kCodePageAnsi = 0;   // CP_ACP, which is 936 here
 constexpr unsigned kCodePageGbk = 936;
