@@ -1,0 +1,250 @@
+#include "platform/mfc/CArchive.h"
+
+#include <cstring>
+#include <exception>
+#include <string>
+
+#include "platform/windows/TextCodec.h"
+
+namespace {
+
+// The most one Read or Write call of a file takes at a time.
+constexpr std::size_t kMaxPiece = std::size_t{1} << 30;
+
+}  // namespace
+
+CArchive::CArchive(CFile *file, UINT mode, int bufferSize, void *)
+    : file_(file),
+      loading_((mode & load) != 0),
+      noFlushOnDelete_((mode & bNoFlushOnDelete) != 0),
+      uncaughtAtStart_(std::uncaught_exceptions()),
+      buffer_(static_cast<std::size_t>(bufferSize > 0 ? bufferSize : 4096)) {}
+
+CArchive::~CArchive() {
+  if (!file_) return;
+  if (noFlushOnDelete_ || std::uncaught_exceptions() > uncaughtAtStart_) {
+    Abort();
+    return;
+  }
+  try {
+    Close();
+  } catch (...) {
+    // A failed write has marked the file's save as failed; it reports on
+    // its own close.
+  }
+}
+
+void CArchive::RequireFile() const {
+  if (!file_) AfxThrowArchiveException(CArchiveException::genericException);
+}
+
+ULONGLONG CArchive::GetRemaining() const {
+  RequireFile();
+  ULONGLONG buffered = end_ - at_;
+  ULONGLONG length = file_->GetLength();
+  ULONGLONG position = file_->GetPosition();
+  return buffered + (length > position ? length - position : 0);
+}
+
+UINT CArchive::Read(void *buffer, UINT count) {
+  if (!loading_) AfxThrowArchiveException(CArchiveException::writeOnly);
+  RequireFile();
+  if (count == 0) return 0;
+  BYTE *out = static_cast<BYTE *>(buffer);
+  std::size_t buffered = end_ - at_;
+  if (buffered >= count) {
+    std::memcpy(out, buffer_.data() + at_, count);
+    at_ += count;
+    return count;
+  }
+  // Refuse a read the stream can't satisfy before taking anything from it.
+  if (GetRemaining() < count) AfxThrowArchiveException(CArchiveException::endOfFile);
+
+  std::memcpy(out, buffer_.data() + at_, buffered);
+  at_ = end_ = 0;
+  std::size_t done = buffered;
+  while (done < count) {
+    std::size_t left = count - done;
+    if (left >= buffer_.size()) {
+      UINT n = file_->Read(out + done, static_cast<UINT>(left));
+      if (n == 0) AfxThrowArchiveException(CArchiveException::endOfFile);
+      done += n;
+    } else {
+      UINT n = file_->Read(buffer_.data(), static_cast<UINT>(buffer_.size()));
+      if (n == 0) AfxThrowArchiveException(CArchiveException::endOfFile);
+      end_ = n;
+      std::size_t take = n < left ? n : left;
+      std::memcpy(out + done, buffer_.data(), take);
+      at_ = take;
+      done += take;
+    }
+  }
+  return count;
+}
+
+void CArchive::WriteBuffer() {
+  std::size_t n = at_;
+  // Emptied first: a failed write is not tried again by a later flush.
+  at_ = 0;
+  if (n > 0) file_->Write(buffer_.data(), static_cast<UINT>(n));
+}
+
+void CArchive::Write(const void *buffer, UINT count) {
+  if (loading_) AfxThrowArchiveException(CArchiveException::readOnly);
+  RequireFile();
+  if (count == 0) return;
+  if (count <= buffer_.size() - at_) {
+    std::memcpy(buffer_.data() + at_, buffer, count);
+    at_ += count;
+    return;
+  }
+  WriteBuffer();
+  if (count >= buffer_.size()) {
+    file_->Write(buffer, count);
+  } else {
+    std::memcpy(buffer_.data(), buffer, count);
+    at_ = count;
+  }
+}
+
+void CArchive::Flush() {
+  RequireFile();
+  if (loading_) {
+    std::size_t unread = end_ - at_;
+    at_ = end_ = 0;
+    if (unread > 0) file_->Seek(-static_cast<LONGLONG>(unread), CFile::current);
+  } else {
+    WriteBuffer();
+  }
+}
+
+void CArchive::Close() {
+  if (!file_) return;
+  Flush();
+  file_ = nullptr;
+}
+
+void CArchive::Abort() {
+  file_ = nullptr;
+  at_ = end_ = 0;
+}
+
+CArchive &CArchive::operator<<(float value) {
+  std::uint32_t bits;
+  static_assert(sizeof bits == sizeof value);
+  std::memcpy(&bits, &value, sizeof bits);
+  return WriteValue(bits);
+}
+
+CArchive &CArchive::operator<<(double value) {
+  std::uint64_t bits;
+  static_assert(sizeof bits == sizeof value);
+  std::memcpy(&bits, &value, sizeof bits);
+  return WriteValue(bits);
+}
+
+CArchive &CArchive::operator>>(float &value) {
+  std::uint32_t bits;
+  ReadValue(bits);
+  std::memcpy(&value, &bits, sizeof value);
+  return *this;
+}
+
+CArchive &CArchive::operator>>(double &value) {
+  std::uint64_t bits;
+  ReadValue(bits);
+  std::memcpy(&value, &bits, sizeof value);
+  return *this;
+}
+
+void AfxWriteStringLength(CArchive &ar, ULONGLONG length, bool unicode) {
+  if (unicode) {
+    ar << BYTE(0xFF);
+    ar << WORD(0xFFFE);
+  }
+  if (length < 0xFF) {
+    ar << static_cast<BYTE>(length);
+    return;
+  }
+  ar << BYTE(0xFF);
+  if (length < 0xFFFE) {
+    ar << static_cast<WORD>(length);
+    return;
+  }
+  ar << WORD(0xFFFF);
+  if (length < 0xFFFFFFFFu) {
+    ar << static_cast<DWORD>(length);
+    return;
+  }
+  ar << DWORD(0xFFFFFFFFu);
+  ar << length;
+}
+
+ULONGLONG AfxReadStringLength(CArchive &ar, int &charSize) {
+  charSize = 1;
+  BYTE byteLength;
+  ar >> byteLength;
+  if (byteLength < 0xFF) return byteLength;
+  WORD wordLength;
+  ar >> wordLength;
+  if (wordLength == 0xFFFE) {
+    // The wide marker; the length follows in the same steps.
+    charSize = 2;
+    ar >> byteLength;
+    if (byteLength < 0xFF) return byteLength;
+    ar >> wordLength;
+  }
+  if (wordLength < 0xFFFF) return wordLength;
+  DWORD dwordLength;
+  ar >> dwordLength;
+  if (dwordLength < 0xFFFFFFFFu) return dwordLength;
+  ULONGLONG longLength;
+  ar >> longLength;
+  return longLength;
+}
+
+CArchive &operator<<(CArchive &ar, const CString &text) {
+  std::u16string units = tolv::ToUtf16(text.str());
+  AfxWriteStringLength(ar, units.size(), true);
+  std::string bytes(units.size() * 2, '\0');
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    bytes[2 * i] = static_cast<char>(units[i] & 0xFF);
+    bytes[2 * i + 1] = static_cast<char>(units[i] >> 8);
+  }
+  for (std::size_t done = 0; done < bytes.size();) {
+    std::size_t n = bytes.size() - done < kMaxPiece ? bytes.size() - done : kMaxPiece;
+    ar.Write(bytes.data() + done, static_cast<UINT>(n));
+    done += n;
+  }
+  return ar;
+}
+
+CArchive &operator<<(CArchive &ar, const wchar_t *text) { return ar << CString(text); }
+
+CArchive &operator>>(CArchive &ar, CString &text) {
+  int charSize = 1;
+  ULONGLONG length = AfxReadStringLength(ar, charSize);
+  if (length == 0) {
+    text.Empty();
+    return ar;
+  }
+  // Checked before anything is allocated for it.
+  if (length > ar.GetRemaining() / static_cast<ULONGLONG>(charSize))
+    AfxThrowArchiveException(CArchiveException::endOfFile);
+
+  std::string bytes(static_cast<std::size_t>(length) * static_cast<std::size_t>(charSize), '\0');
+  for (std::size_t done = 0; done < bytes.size();) {
+    std::size_t n = bytes.size() - done < kMaxPiece ? bytes.size() - done : kMaxPiece;
+    ar.Read(bytes.data() + done, static_cast<UINT>(n));
+    done += n;
+  }
+  if (charSize == 1) {
+    text = CString(tolv::FromGbk(bytes));
+    return ar;
+  }
+  std::u16string units(static_cast<std::size_t>(length), u'\0');
+  for (std::size_t i = 0; i < units.size(); ++i)
+    units[i] = static_cast<char16_t>(static_cast<BYTE>(bytes[2 * i]) | (static_cast<BYTE>(bytes[2 * i + 1]) << 8));
+  text = CString(tolv::FromUtf16(units));
+  return ar;
+}

@@ -1,0 +1,13 @@
+// The fixed-width integer names of the home platform's API, as the MFC
+// stand-ins use them. LONG is 32 bits there, so it is here too.
+#pragma once
+
+#include <cstdint>
+
+using BYTE = std::uint8_t;
+using WORD = std::uint16_t;
+using DWORD = std::uint32_t;
+using UINT = unsigned int;
+using LONG = std::int32_t;
+using LONGLONG = long long;
+using ULONGLONG = unsigned long long;
