@@ -1,74 +1,152 @@
 // tolv: the command-line program of the data layer. "tolv host" acts as the
-// CAD host: it loads the module, sends it the host's messages and reports.
+// CAD host: it loads the module, sends it the host's messages and serves a
+// command line against it. Further subcommands for the data files join the
+// table in main().
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <iostream>
 #include <string>
 #include <vector>
 
+#include "host/HostOutput.h"
+#include "host/HostSession.h"
 #include "host/ModuleLoader.h"
+#include "host/ScriptRunner.h"
 
 namespace {
 
 const char kUsage[] =
-    "usage: tolv host [--module FILE] [--main-dir DIR]\n"
+    "usage: tolv <command> [options]\n"
     "\n"
-    "  host          act as the CAD host: load the TolvDataBase module, send it\n"
-    "                the start message, open a document, close it, and send the\n"
-    "                stop message, reporting each step.\n"
-    "  --module FILE the module to load (default: the one installed beside tolv)\n"
-    "  --main-dir DIR the add-on's main directory, where its settings files live\n"
-    "                (sets TOLV_MAIN_DIR for the module)\n"
-    "  --help        this text\n";
+    "commands:\n"
+    "  host    act as the CAD host for the TolvDataBase module\n"
+    "\n"
+    "tolv host [--module FILE] [--main-dir DIR] [--script FILE] [--cycles N]\n"
+    "\n"
+    "  Loads the module with the host's messages in their order: kInitAppMsg\n"
+    "  (the module registers its commands and reads config.xml and\n"
+    "  HistoryData.xml), then opens a document (kLoadDwgMsg: the module\n"
+    "  defines its Lisp functions in it). It then reads the command line, one\n"
+    "  entry per line:\n"
+    "\n"
+    "    NAME          run the command NAME, e.g. KyPrj\n"
+    "    (NAME)        invoke the Lisp function NAME and print its result,\n"
+    "                  e.g. (_KyGetAutoBreak) or (_KySetDimAdjustMode)\n"
+    "    QUIT, EXIT    end the input (so does the end of the input)\n"
+    "    ; text        a comment\n"
+    "\n"
+    "  At the end it closes the document (kUnloadDwgMsg), stops the module\n"
+    "  (kUnloadAppMsg: it saves config.xml and HistoryData.xml where it found\n"
+    "  them) and unloads it.\n"
+    "\n"
+    "  The module's command-line output goes to standard output, with the\n"
+    "  host's own report lines (\"host: ...\"); message boxes appear there as\n"
+    "  lines marked \"[message box]\".\n"
+    "\n"
+    "  --module FILE   the module to load (default: ../lib/libTolvDataBase.so\n"
+    "                  beside this program)\n"
+    "  --main-dir DIR  the add-on's main directory, where the settings files\n"
+    "                  are looked for (directly or in its \"Support\" folder);\n"
+    "                  sets TOLV_MAIN_DIR. Default: TOLV_MAIN_DIR, else the\n"
+    "                  current folder.\n"
+    "  --script FILE   read the command line from FILE (default: standard\n"
+    "                  input; on a terminal with a prompt)\n"
+    "  --cycles N      run the whole session N times in this one process:\n"
+    "                  load, start, document, script, stop, unload (default 1).\n"
+    "                  The script is read again for every cycle.\n"
+    "  --help          this text\n"
+    "\n"
+    "  Exit status: 0 when all went well, 1 when the module could not be\n"
+    "  loaded or refused a message, 2 for a wrong command line, 3 when lines\n"
+    "  of the input failed (unknown command or function, malformed form).\n";
+
+struct HostOptions {
+  std::string module = ModuleLoader::DefaultModulePath();
+  std::string script;
+  int cycles = 1;
+};
+
+// One session: load, start, serve the input, stop, unload. Gives the exit
+// status of the session.
+int RunSession(const HostOptions &options) {
+  HostSession session;
+  if (!session.Start(options.module)) return 1;
+  session.OpenDocument();
+
+  int lineErrors = 0;
+  if (options.script.empty()) {
+    const bool terminal = ::isatty(STDIN_FILENO);
+    lineErrors = ScriptRunner(session, std::cin, terminal).Run();
+  } else {
+    std::ifstream in(options.script);
+    if (!in) {
+      HostLine("cannot read the script " + options.script);
+      ++lineErrors;
+    } else {
+      lineErrors = ScriptRunner(session, in, false).Run();
+    }
+  }
+
+  session.CloseDocument();
+  session.Stop();
+  if (session.failures()) return 1;
+  return lineErrors ? 3 : 0;
+}
 
 int RunHost(const std::vector<std::string> &args) {
-  std::string module = ModuleLoader::DefaultModulePath();
+  HostOptions options;
   for (size_t i = 0; i < args.size(); ++i) {
-    if (args[i] == "--module" && i + 1 < args.size()) {
-      module = args[++i];
-    } else if (args[i] == "--main-dir" && i + 1 < args.size()) {
+    const std::string &a = args[i];
+    const bool hasValue = i + 1 < args.size();
+    if (a == "--module" && hasValue) {
+      options.module = args[++i];
+    } else if (a == "--main-dir" && hasValue) {
       ::setenv("TOLV_MAIN_DIR", args[++i].c_str(), 1);
-    } else if (args[i] == "--help") {
+    } else if (a == "--script" && hasValue) {
+      options.script = args[++i];
+    } else if (a == "--cycles" && hasValue) {
+      options.cycles = std::atoi(args[++i].c_str());
+      if (options.cycles < 1) {
+        std::fprintf(stderr, "tolv host: --cycles needs a number of at least 1\n");
+        return 2;
+      }
+    } else if (a == "--help" || a == "-h") {
       std::fputs(kUsage, stdout);
       return 0;
     } else {
-      std::fprintf(stderr, "tolv host: unknown argument '%s'\n%s", args[i].c_str(), kUsage);
+      std::fprintf(stderr, "tolv host: unknown argument '%s'\n\n%s", a.c_str(), kUsage);
       return 2;
     }
   }
-  ModuleLoader loader;
-  if (!loader.Load(module)) {
-    std::fprintf(stderr, "tolv host: cannot load %s: %s\n", module.c_str(), loader.error().c_str());
-    return 1;
+
+  InstallHostOutput();
+  int status = 0;
+  for (int cycle = 1; cycle <= options.cycles; ++cycle) {
+    if (options.cycles > 1) HostLine("cycle " + std::to_string(cycle) + " of " + std::to_string(options.cycles));
+    int s = RunSession(options);
+    if (s > status) status = s;
+    if (s == 1) break;
   }
-  std::printf("host: loaded %s (api version %d)\n", module.c_str(), loader.ApiVersion());
-  struct Step {
-    AcRx::AppMsgCode msg;
-    const char *name;
-  };
-  const Step steps[] = {{AcRx::kInitAppMsg, "kInitAppMsg"},
-                        {AcRx::kLoadDwgMsg, "kLoadDwgMsg"},
-                        {AcRx::kUnloadDwgMsg, "kUnloadDwgMsg"},
-                        {AcRx::kUnloadAppMsg, "kUnloadAppMsg"}};
-  int failures = 0;
-  for (const Step &s : steps) {
-    AcRx::AppRetCode rc = loader.Send(s.msg);
-    std::printf("host: %s -> %d\n", s.name, static_cast<int>(rc));
-    if (rc != AcRx::kRetOK) ++failures;
-  }
-  loader.Unload();
-  std::printf("host: module unloaded%s\n", failures ? " after failures" : "");
-  return failures ? 1 : 0;
+  RemoveHostOutput();
+  return status;
 }
 
 }  // namespace
 
 int main(int argc, char **argv) {
   std::vector<std::string> args(argv + 1, argv + argc);
-  if (args.empty() || args[0] == "--help" || args[0] == "-h") {
-    std::fputs(kUsage, args.empty() ? stderr : stdout);
-    return args.empty() ? 2 : 0;
+  if (args.empty()) {
+    std::fputs(kUsage, stderr);
+    return 2;
+  }
+  if (args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
+    std::fputs(kUsage, stdout);
+    return 0;
   }
   if (args[0] == "host") return RunHost({args.begin() + 1, args.end()});
-  std::fprintf(stderr, "tolv: unknown command '%s'\n%s", args[0].c_str(), kUsage);
+  std::fprintf(stderr, "tolv: unknown command '%s'\n\n%s", args[0].c_str(), kUsage);
   return 2;
 }

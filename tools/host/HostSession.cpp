@@ -1,0 +1,87 @@
+#include "host/HostSession.h"
+
+#include "host/HostOutput.h"
+#include "platform/acad/AcEdCommandStack.h"
+#include "platform/acad/AcRxDynamicLinker.h"
+#include "platform/acad/AcRxRegistry.h"
+
+namespace {
+
+AcRxDynamicLinker *Linker() {
+  return AcRxDynamicLinker::cast(acrxSysRegistry()->at(ACRX_DYNAMIC_LINKER));
+}
+
+}  // namespace
+
+HostSession::~HostSession() {
+  if (document_) CloseDocument();
+  if (loader_.IsLoaded()) Stop();
+}
+
+bool HostSession::Start(const std::string &modulePath) {
+  if (!loader_.Load(modulePath)) {
+    HostLine("cannot load " + modulePath + ": " + loader_.error());
+    return false;
+  }
+  HostLine("loaded " + modulePath + " (api version " + std::to_string(loader_.ApiVersion()) + ")");
+  // The application id is the `pkt` of every message to this module.
+  appId_ = Linker()->beginApplication(L"TolvDataBase");
+  Send(AcRx::kInitAppMsg, "kInitAppMsg");
+  HostLine(std::string("the module is ") +
+           (Linker()->isApplicationLocked(appId_) ? "locked" : "unlocked") + " and " +
+           (Linker()->isAppMDIAware(appId_) ? "works with several documents"
+                                            : "works with one document only"));
+  return true;
+}
+
+void HostSession::OpenDocument() {
+  document_ = tolv::LispHost::Instance().OpenDocument();
+  // AWAITS drawings: the document's drawing database (empty, or read from
+  // the file of --drawing) is made the working database here.
+  HostLine("document " + std::to_string(document_) + " opened");
+  Send(AcRx::kLoadDwgMsg, "kLoadDwgMsg");
+}
+
+void HostSession::CloseDocument() {
+  if (!document_) return;
+  Send(AcRx::kUnloadDwgMsg, "kUnloadDwgMsg");
+  tolv::LispHost::Instance().CloseDocument(document_);
+  HostLine("document " + std::to_string(document_) + " closed");
+  document_ = 0;
+}
+
+void HostSession::Stop() {
+  if (!loader_.IsLoaded()) return;
+  Send(AcRx::kUnloadAppMsg, "kUnloadAppMsg");
+  // Whatever the module left defined is gone with it.
+  tolv::LispHost::Instance().ForgetApplication(appId_);
+  Linker()->endApplication(appId_);
+  appId_ = nullptr;
+  loader_.Unload();
+  HostLine("module unloaded");
+}
+
+bool HostSession::RunCommand(const std::wstring &name) {
+  AcEdCommandStack *commands = AcEdCommandStack::cast(acrxSysRegistry()->at(ACRX_COMMAND_DOCK));
+  AcEdCommand *command = commands ? commands->lookupGlobalCmd(name.c_str()) : nullptr;
+  if (!command) return false;
+  command->commandExecute();
+  return true;
+}
+
+bool HostSession::InvokeLisp(const std::wstring &name, tolv::LispResult &result) {
+  tolv::LispFunction function;
+  if (!tolv::LispHost::Instance().Find(name, function)) return false;
+  // Only this session's module defines functions, so the owner is the module.
+  result = tolv::LispHost::Instance().Invoke(function, [&] {
+    Send(AcRx::kInvkSubrMsg, nullptr);
+  });
+  return true;
+}
+
+void HostSession::Send(AcRx::AppMsgCode msg, const char *name) {
+  AcRx::AppRetCode rc = loader_.Send(msg, appId_);
+  if (rc != AcRx::kRetOK) ++failures_;
+  // The invocation of a Lisp function is reported by its result instead.
+  if (name) HostLine(std::string(name) + " -> " + std::to_string(static_cast<int>(rc)));
+}

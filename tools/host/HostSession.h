@@ -1,0 +1,45 @@
+// One run of the CAD host around the data-layer module: load it, start it,
+// open a document, serve commands and Lisp calls, close, stop and unload,
+// with the messages the host sends in that order.
+#pragma once
+
+#include <string>
+
+#include "host/ModuleLoader.h"
+#include "platform/acad/AcEdLisp.h"
+
+class HostSession {
+ public:
+  HostSession() = default;
+  ~HostSession();
+  HostSession(const HostSession &) = delete;
+  HostSession &operator=(const HostSession &) = delete;
+
+  // Loads the module and sends it kInitAppMsg. False (with the reason
+  // printed) when the module can't be loaded.
+  bool Start(const std::string &modulePath);
+  // Opens a new document and sends kLoadDwgMsg, so the module defines its
+  // Lisp functions in it.
+  void OpenDocument();
+  // Sends kUnloadDwgMsg and closes the document.
+  void CloseDocument();
+  // Sends kUnloadAppMsg and unloads the module.
+  void Stop();
+
+  // Runs a registered command; false when no command has that name.
+  bool RunCommand(const std::wstring &name);
+  // Invokes a Lisp function of the current document: false when none has
+  // that name; otherwise `result` is what the function handed back.
+  bool InvokeLisp(const std::wstring &name, tolv::LispResult &result);
+
+  // Messages that came back with another code than kRetOK.
+  int failures() const { return failures_; }
+
+ private:
+  void Send(AcRx::AppMsgCode msg, const char *name);
+
+  ModuleLoader loader_;
+  void *appId_ = nullptr;
+  int document_ = 0;
+  int failures_ = 0;
+};
