@@ -20,13 +20,16 @@ long long ParseInteger(const wchar_t *text, long long lo, long long hi) {
   while (IsBlank(*text)) ++text;
   bool negative = false;
   if (*text == L'+' || *text == L'-') negative = (*text++ == L'-');
+  // Anything above 2^63 clamps either way, so digits stop counting there;
+  // the test comes before the multiply so the value can never wrap.
+  constexpr unsigned long long kLimit = static_cast<unsigned long long>(LLONG_MAX) + 1ULL;
   unsigned long long value = 0;
   bool overflow = false;
   for (; *text >= L'0' && *text <= L'9'; ++text) {
-    if (!overflow) {
-      value = value * 10 + static_cast<unsigned>(*text - L'0');
-      if (value > static_cast<unsigned long long>(LLONG_MAX) + 1ULL) overflow = true;
-    }
+    if (overflow) continue;
+    unsigned digit = static_cast<unsigned>(*text - L'0');
+    if (value > (kLimit - digit) / 10) overflow = true;
+    else value = value * 10 + digit;
   }
   if (negative) {
     if (overflow || value > static_cast<unsigned long long>(-(lo + 1)) + 1ULL) return lo;
