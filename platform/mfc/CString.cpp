@@ -57,7 +57,7 @@ int CString::Find(wchar_t ch, int start) const {
 
 int CString::Find(const wchar_t *sub, int start) const {
   if (!sub || start < 0 || start > GetLength()) return -1;
-  if (!*sub) return -1;  // MFC finds nothing for an empty text
+  // An empty text is found where the search starts, as wcsstr finds it.
   auto p = s_.find(sub, static_cast<std::size_t>(start));
   return p == std::wstring::npos ? -1 : static_cast<int>(p);
 }
@@ -110,6 +110,7 @@ CString CString::SpanExcluding(const wchar_t *chars) const {
 
 int CString::Replace(wchar_t oldCh, wchar_t newCh) {
   int n = 0;
+  if (oldCh == newCh) return 0;  // no change, so nothing counts as replaced
   for (auto &c : s_) {
     if (c == oldCh) {
       c = newCh;
