@@ -10,7 +10,12 @@
 
 namespace {
 
-constexpr const wchar_t *kBlanks = L" \t\r\n\v\f";
+// White space as the home platform's character tests see it: the ASCII
+// blanks and the Unicode space separators, among them the ideographic space
+// of Chinese text and the no-break space.
+constexpr const wchar_t *kBlanks =
+    L" \t\r\n\v\f\x00A0\x1680\x2000\x2001\x2002\x2003\x2004\x2005\x2006\x2007"
+    L"\x2008\x2009\x200A\x2028\x2029\x202F\x205F\x3000";
 
 int Clamp(int v, int lo, int hi) { return v < lo ? lo : (v > hi ? hi : v); }
 
