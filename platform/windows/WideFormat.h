@@ -1,6 +1,6 @@
 // printf-style formatting with the home platform's wide-format rules: in a
 // wide format "%s" and "%c" take wide arguments, "%S" and "%C" narrow ones,
-// and the "l" of "%ld" names a 32-bit value.
+// and the "l" of "%ld" names a 32-bit value. Narrow text is code page 936.
 #pragma once
 
 #include <cstdarg>
