@@ -110,7 +110,9 @@ DWORD CopyList(const std::vector<std::wstring> &names, wchar_t *buffer, DWORD si
 DWORD GetPrivateProfileStringW(const wchar_t *section, const wchar_t *key,
                                const wchar_t *defaultValue, wchar_t *buffer, DWORD size,
                                const wchar_t *fileName) {
-  std::wstring def = Trim(defaultValue ? defaultValue : L"");
+  // Only trailing blanks are cut from the default; leading ones stay.
+  std::wstring def = defaultValue ? defaultValue : L"";
+  def.erase(def.find_last_not_of(L' ') + 1);
   std::string bytes;
   if (!fileName || !tolv::ReadWholeFile(tolv::MapPath(fileName), bytes)) {
     if (!section || !key) return CopyList({}, buffer, size);
