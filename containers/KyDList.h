@@ -129,12 +129,15 @@ class KyDList : public KyList<T> {
     std::int32_t index = this->m_nCur;
     other.MoveTo(i);
     DNode *first = D(other.GetCurPos());
-    this->m_pTail->next = first;
-    first->prev = D(this->m_pTail);
+    Node *oldTail = this->m_pTail;
+    oldTail->next = first;
     other.MoveToLast();
     this->m_pTail = other.GetCurPos();
     this->m_nLength += other.GetLength() - i;
+    // other may walk back through first while it cuts, so first keeps its
+    // old prev until other is done.
     other.DetachAfter(i - 1);
+    first->prev = D(oldTail);
     this->m_pTail->next = this->m_pHead;
     D(this->m_pHead)->prev = D(this->m_pTail);
     this->SetCursor(cursor, index);
