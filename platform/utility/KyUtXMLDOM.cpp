@@ -19,6 +19,7 @@
 
 #include <pugixml.hpp>
 
+#include "containers/KyArray.h"
 #include "platform/utility/KyUtXMLDOMFile.h"
 #include "platform/utility/KyUtXMLDOMNode.h"
 #include "platform/utility/KyUtXMLDOMNodes.h"
@@ -435,10 +436,14 @@ bool KyUtXMLDOMFile::Open(const wchar_t *path) {
   if (!tolv::ReadWholeFile(tolv::MapPath(path), bytes)) return false;
 
   // Comments, processing instructions and the document type are kept so
-  // that they survive a save. Parsing as a fragment makes pugixml keep text
-  // outside the element, which XML forbids and the check below rejects.
+  // that they survive a save. Text made only of blanks is kept where it is
+  // an element's whole content (a value of one space is a value), and
+  // dropped between elements, where it is indentation. Parsing as a
+  // fragment makes pugixml keep text outside the element, which XML forbids
+  // and the check below rejects.
   const unsigned flags = pugi::parse_default | pugi::parse_declaration | pugi::parse_comments |
-                         pugi::parse_pi | pugi::parse_doctype | pugi::parse_fragment;
+                         pugi::parse_pi | pugi::parse_doctype | pugi::parse_ws_pcdata_single |
+                         pugi::parse_fragment;
   auto doc = std::make_unique<pugi::xml_document>();
   pugi::xml_parse_result result = doc->load_buffer(bytes.data(), bytes.size(), flags, pugi::encoding_auto);
   if (!result || !IsWellFormedTree(*doc)) return false;

@@ -11,12 +11,16 @@
 #include <string>
 #include <utility>
 
-#include "containers/KyArray.h"
 #include "platform/mfc/CString.h"
 #include "platform/utility/AutoPtr.h"
 #include "platform/utility/KyUtXMLDOMNode.h"
 #include "platform/utility/KyUtXMLDOMNodes.h"
 
+template <class T>
+class KyArray;
+
+// Handles taken from a document (GetRoot and what it leads to) must not be
+// used after the document is freed or replaced by Open or CreateNewXMLDoc.
 class KyUtXMLDOMFile {
  public:
   KyUtXMLDOMFile();

@@ -208,6 +208,19 @@ TEST_F(XmlNodeTest, SpecialCharactersInTextAndAttributesRoundTrip) {
   EXPECT_STREQ(child->GetAttributeValue(L"attr"), tricky);
 }
 
+TEST_F(XmlNodeTest, BlankAndPaddedTextRoundTrip) {
+  auto root = NewRoot(L"R");
+  const wchar_t *texts[] = {L" ", L"\t\n ", L"  padded  ", L"\nline\n"};
+  for (const wchar_t *t : texts) root->AppendNode(L"String", t, L"name", L"");
+  root = Reload();
+  KyUtXMLDOMNodeArray kids;
+  kids = root->GetChildrenNodes();
+  ASSERT_EQ(kids->GetCount(), 4);
+  for (int i = 0; i < 4; ++i) EXPECT_STREQ(kids->GetItem(i)->GetNodeValue(), texts[i]) << i;
+  // The indentation between elements is not taken as the parent's text.
+  EXPECT_STREQ(root->GetNodeValue(), L"");
+}
+
 TEST_F(XmlNodeTest, ReturnedTextStaysValidWhileTheHandleLives) {
   auto root = OpenText("<a first='1' second='2'>text</a>");
   const wchar_t *name0 = root->GetAttributeName(0);
