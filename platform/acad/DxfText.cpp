@@ -9,12 +9,10 @@ namespace tolv {
 
 std::string FormatDxfReal(double value) {
   if (!std::isfinite(value)) return "0.0";
+  if (value == 0.0) return "0.0";  // also for -0.0
   char buffer[64];
-  for (int precision = 1; precision <= 17; ++precision) {
-    std::snprintf(buffer, sizeof buffer, "%.*g", precision, value);
-    if (std::strtod(buffer, nullptr) == value) break;
-  }
-  std::string text(buffer);
+  auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+  std::string text(buffer, result.ptr);
   if (text.find_first_of(".eEn") == std::string::npos) text += ".0";
   return text;
 }

@@ -378,7 +378,7 @@ class Writer {
         stack.pop_back();
         if (!Written(id) || done.count(id)) continue;
         AcDbObject *obj = ObjectAccess::Peek(id);
-        if (AcDbEntity::cast(obj)) continue;
+        if (AcDbEntity::cast(obj) || AcDbSymbolTable::cast(obj) || AcDbSymbolTableRecord::cast(obj)) continue;
         done.insert(id);
         Object(obj, DxfNameOf(obj));
         std::vector<AcDbObjectId> children;
