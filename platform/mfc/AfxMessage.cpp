@@ -10,8 +10,18 @@ int DefaultSink(const std::wstring &text, unsigned type) {
   std::string line = "[message box] " + tolv::ToUtf8(text) + "\n";
   std::fputs(line.c_str(), stderr);
   std::fflush(stderr);
-  // A question is answered with its first button.
-  return (type & 0xF) == MB_YESNO ? IDYES : IDOK;
+  // Nobody is there to press a button: the box is answered with its first.
+  switch (type & 0xF) {
+    case MB_ABORTRETRYIGNORE:
+      return IDABORT;
+    case MB_YESNOCANCEL:
+    case MB_YESNO:
+      return IDYES;
+    case MB_RETRYCANCEL:
+      return IDRETRY;
+    default:
+      return IDOK;
+  }
 }
 
 tolv::MessageBoxSink &Sink() {
