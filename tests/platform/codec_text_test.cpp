@@ -56,6 +56,15 @@ TEST(CodecGbk, ChineseRoundTrip) {
   EXPECT_EQ(FromGbk(ToGbk(L"丂亐")), L"丂亐");
 }
 
+TEST(CodecGbk, PunctuationFollowsTheWindowsTable) {
+  // Where code page 936 departs from GB 2312's reference table, the Windows
+  // form is the one the add-on's files were written in.
+  EXPECT_EQ(FromGbk("\xA1\xA4"), L"\x00B7");  // middle dot, not katakana middle dot
+  EXPECT_EQ(FromGbk("\xA1\xAA"), L"\x2014");  // em dash
+  EXPECT_EQ(FromGbk("\xA8\x44"), L"\x2015");  // horizontal bar
+  EXPECT_EQ(ToGbk(L"\x00B7\x2014"), "\xA1\xA4\xA1\xAA");
+}
+
 TEST(CodecGbk, AsciiPassesThrough) {
   std::wstring ascii;
   for (wchar_t c = 1; c < 0x80; ++c) ascii += c;

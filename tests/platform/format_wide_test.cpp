@@ -48,6 +48,14 @@ TEST(WideFormatIntegers, SixtyFourBits) {
   EXPECT_EQ(FormatWide(L"%I64d %s", v, L"x"), L"1234567890123 x");
 }
 
+TEST(WideFormatIntegers, OtherSizePrefixes) {
+  EXPECT_EQ(FormatWide(L"%I32d", std::int32_t(-5)), L"-5");
+  EXPECT_EQ(FormatWide(L"%Iu|%zu", std::size_t(1) << 40, std::size_t(7)), L"1099511627776|7");
+  EXPECT_EQ(FormatWide(L"%hd", 70000), L"4464");  // short: the value wraps to 16 bits
+  EXPECT_EQ(FormatWide(L"%#x", 255), L"0xff");
+  EXPECT_EQ(FormatWide(L"[%.*f][%-*s]", 2, 3.14159, 3, L"a"), L"[3.14][a  ]");
+}
+
 TEST(WideFormatFloating, GeneralFixedAndLong) {
   EXPECT_EQ(FormatWide(L"%g", 1.5), L"1.5");
   EXPECT_EQ(FormatWide(L"%g", 0.1), L"0.1");
@@ -97,6 +105,18 @@ TEST(WideFormatText, MixedArgumentsKeepTheirOrder) {
 }
 
 TEST(WideFormatText, NullFormatGivesEmpty) { EXPECT_EQ(FormatWide(nullptr), L""); }
+
+TEST(WideFormatText, NullStringArgumentsPrintAsNull) {
+  EXPECT_EQ(FormatWide(L"%s", static_cast<const wchar_t *>(nullptr)), L"(null)");
+  EXPECT_EQ(FormatWide(L"%S", static_cast<const char *>(nullptr)), L"(null)");
+}
+
+TEST(WideFormatText, LiteralTextKeepsEveryCharacter) {
+  EXPECT_EQ(FormatWide(L"中文 名称\t!"), L"中文 名称\t!");
+  // A lone surrogate in the format or an argument passes unchanged.
+  std::wstring odd(1, static_cast<wchar_t>(0xD800));
+  EXPECT_EQ(FormatWide((L"a" + odd + L"%s").c_str(), odd.c_str()), L"a" + odd + odd);
+}
 
 TEST(WideFormatText, VeryLongResult) {
   std::wstring big(100000, L'中');

@@ -55,10 +55,18 @@ TEST(MessageBoxSink, DefaultWritesAMarkedLineAndAnswersTheFirstButton) {
   testing::internal::CaptureStderr();
   int ok = AfxMessageBox(L"保存失败", MB_OK | MB_ICONERROR);
   int yes = AfxMessageBox(L"q?", MB_YESNO | MB_ICONQUESTION);
+  int yesOfThree = AfxMessageBox(L"3", MB_YESNOCANCEL);
+  int okOfTwo = AfxMessageBox(L"2", MB_OKCANCEL);
+  int retry = AfxMessageBox(L"r", MB_RETRYCANCEL);
+  int abortAnswer = AfxMessageBox(L"a", MB_ABORTRETRYIGNORE);
   std::string err = testing::internal::GetCapturedStderr();
   tolv::SetMessageBoxSink(std::move(old));
   EXPECT_EQ(ok, IDOK);
   EXPECT_EQ(yes, IDYES);
+  EXPECT_EQ(yesOfThree, IDYES);
+  EXPECT_EQ(okOfTwo, IDOK);
+  EXPECT_EQ(retry, IDRETRY);
+  EXPECT_EQ(abortAnswer, IDABORT);
   EXPECT_NE(err.find("[message box] \xE4\xBF\x9D\xE5\xAD\x98\xE5\xA4\xB1\xE8\xB4\xA5\n"), std::string::npos) << err;
   EXPECT_NE(err.find("[message box] q?\n"), std::string::npos) << err;
 }
