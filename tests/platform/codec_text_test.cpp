@@ -162,6 +162,22 @@ TEST(CodecCompareGbk, FixedCases) {
   EXPECT_GT(CompareGbk(L"€", L"\x7F"), 0);
 }
 
+TEST(CodecRobustness, RandomBytesDecodeWithoutGrowing) {
+  std::mt19937 rng(65001);
+  std::uniform_int_distribution<int> byte(0, 255), len(0, 64);
+  for (int i = 0; i < 5000; ++i) {
+    std::string bytes;
+    for (int n = len(rng); n > 0; --n) bytes += static_cast<char>(byte(rng));
+    std::wstring fromGbk = FromGbk(bytes), fromUtf8 = FromUtf8(bytes);
+    // Each byte gives at most one character.
+    ASSERT_LE(fromGbk.size(), bytes.size());
+    ASSERT_LE(fromUtf8.size(), bytes.size());
+    // Whatever was decoded encodes again to text of the same decoding.
+    ASSERT_EQ(FromGbk(ToGbk(fromGbk)), fromGbk);
+    ASSERT_EQ(FromUtf8(ToUtf8(fromUtf8)), fromUtf8);
+  }
+}
+
 TEST(CodecCodePages, Constants) {
   EXPECT_EQ(kCodePageAnsi, 0u);
   EXPECT_EQ(kCodePageGbk, 936u);

@@ -2,6 +2,7 @@
 // the add-on's files come in.
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -186,6 +187,26 @@ TEST(IniLists, TruncatedListEndsWithTwoNulls) {
   EXPECT_EQ(std::wstring(buf, 6), std::wstring(L"alpha\0", 6));
   EXPECT_EQ(buf[6], L'\0');
   EXPECT_EQ(buf[7], L'\0');
+}
+
+TEST(IniRobustness, GarbageFilesGiveDefaultsOrWhatTheyHold) {
+  std::mt19937 rng(936);
+  std::uniform_int_distribution<int> byte(0, 255), len(0, 400);
+  const char alphabet[] = "[]=;\"' \r\n\tab\xFF\xFE\xEF\xBB\xBF\xD6\xD0";
+  std::uniform_int_distribution<size_t> pick(0, sizeof alphabet - 2);
+  for (int i = 0; i < 300; ++i) {
+    std::string bytes;
+    for (int n = len(rng); n > 0; --n)
+      bytes += (i % 2) ? static_cast<char>(byte(rng)) : alphabet[pick(rng)];
+    IniFile ini("ini_garbage", bytes);
+    DWORD n = 0;
+    std::wstring v = ini.Get(L"a", L"b", L"dflt", 16, &n);
+    ASSERT_LE(n, 15u);
+    std::vector<wchar_t> buf(32, L'#');
+    n = GetPrivateProfileStringW(nullptr, nullptr, L"", buf.data(), 32, ini.path().c_str());
+    ASSERT_LE(n, 31u);  // size - 1 when the list fits, size - 2 when cut
+    ASSERT_EQ(buf[n], L'\0');
+  }
 }
 
 TEST(IniNumbers, IntegerValues) {
