@@ -37,7 +37,9 @@ build: configure
 
 run: build
 	rm -rf $(RUN_DIR) && mkdir -p $(RUN_DIR) && cp -r share/support $(RUN_DIR)/support
-	$(BUILD)/bin/tolv host --main-dir $(RUN_DIR)/support
+	$(BUILD)/bin/tolv host --main-dir $(RUN_DIR)/support --script tools/scripts/demo.scr
+	@echo "== what the stop saved: config.xml against the bundled copy"
+	@diff share/support/config.xml $(RUN_DIR)/support/config.xml || true
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
