@@ -6,3 +6,19 @@
 #include "platform/windows/WinCrt.h"
 #include "platform/mfc/CString.h"
 #include "module/EntryPoint.h"
+
+// The container family.
+#include "containers/KyDynArray.h"
+#include "containers/KyList.h"
+#include "containers/KyPDList.h"
+
+// The typed dictionary.
+#include "dictionary/KyDtDict.h"
+
+// The settings and the history data.
+#include "settings/SystemConfig.h"
+#include "settings/HistoryData.h"
+
+// The exported global objects and pointers, and the hooks' answers.
+#include "module/ModuleGlobals.h"
+#include "module/EntityHooks.h"
