@@ -18,11 +18,13 @@ inline AcDbObjectId AddLine(AcDbDatabase &db, AcDbObjectId blockId, const AcGePo
   EXPECT_EQ(acdbOpenObject(block, blockId, AcDb::kForWrite), Acad::eOk);
   if (!block) return AcDbObjectId();
   auto *line = new AcDbLine(a, b);
+  AcDbObjectId id;
+  EXPECT_EQ(block->appendAcDbEntity(id, line), Acad::eOk);
+  // By name once the database holds it: a new entity looks names up in
+  // the working database.
   if (layer) {
     EXPECT_EQ(line->setLayer(layer), Acad::eOk);
   }
-  AcDbObjectId id;
-  EXPECT_EQ(block->appendAcDbEntity(id, line), Acad::eOk);
   line->close();
   block->close();
   return id;
