@@ -37,6 +37,9 @@ class KyDtDictOptionItem : public KyDtDictItem, public KyList<CString> {
   using KyDtDictItem::operator<;
   using KyDtDictItem::DeepCopy;
   using KyList<CString>::DeepCopy;
+  // Given another Option, DeepCopy is the item's, which takes the options
+  // with the rest.
+  void DeepCopy(const KyDtDictOptionItem &source) { KyDtDictItem::DeepCopy(source); }
 
   // -1 when none is selected.
   std::int32_t m_nCurSel = 0;

@@ -160,6 +160,9 @@ class KyDtDictionary : public KyDtDictItem, public KyPDList<KyDtDictItem> {
   using KyDtDictItem::operator<;
   using KyDtDictItem::DeepCopy;
   using KyPDList<KyDtDictItem>::DeepCopy;
+  // A dictionary is both an item and a list; given another dictionary,
+  // DeepCopy is the item's, which copies the whole subtree.
+  void DeepCopy(const KyDtDictionary &source) { KyDtDictItem::DeepCopy(source); }
 
  protected:
   // 0 off, nonzero on.
