@@ -10,9 +10,11 @@
 #include "platform/acad/AcEdCommandStack.h"
 #include "platform/acad/AcRxDynamicLinker.h"
 #include "platform/acad/AcRxRegistry.h"
+#include "platform/acad/AcutPrintf.h"
 #include "platform/acad/AfxExtensionModule.h"
 #include "platform/dbobject/DbObjectSettings.h"
 #include "platform/dbobject/KyDbHooks.h"
+#include "platform/mfc/AfxMessage.h"
 
 namespace {
 
@@ -58,6 +60,38 @@ TEST_F(ModuleStartStop, StopWithoutSettingsFileShowsTheMessageAndGoesOnToTheHist
   int version = 0;
   EXPECT_TRUE(saved.GetValue(L"COMMON\\OUTPUT\\EXPORT\\VERSION", version));
   EXPECT_EQ(version, 8);
+}
+
+TEST_F(ModuleStartStop, StartRegistersCommandsBeforeReadingAndInstallsHooksLast) {
+  // Each message of the start shows how far it has come.
+  std::vector<std::pair<bool, bool>> seen;  // commands registered, hook installed
+  tolv::SetCommandLineSink([&](const std::wstring &) {
+    seen.emplace_back(Commands()->lookupGlobalCmd(L"KyPrj") != nullptr, g_KyGetLabelListMethod != nullptr);
+  });
+  Start();
+  ASSERT_EQ(seen.size(), 2u);  // the settings, then the history data
+  EXPECT_EQ(seen[0], std::make_pair(true, false));
+  EXPECT_EQ(seen[1], std::make_pair(true, false));
+  EXPECT_NE(g_KyGetLabelListMethod, nullptr);
+}
+
+TEST_F(ModuleStartStop, StopRemovesCommandsThenSavesSettingsThenHistory) {
+  WriteHistory(ConfigNest(L"COMMON\\OUTPUT\\EXPORT", "<Int name=\"VERSION\">6</Int>"));
+  Start();
+  g_nExportMorvVer = 8;
+  bool commandsGoneAtSave = false;
+  std::string historyAtSave;
+  tolv::SetMessageBoxSink([&](const std::wstring &, unsigned) {
+    commandsGoneAtSave = Commands()->lookupGlobalCmd(L"KyPrj") == nullptr;
+    historyAtSave = ReadSupportFile("HistoryData.xml");
+    return IDOK;
+  });
+  const std::string historyBefore = ReadSupportFile("HistoryData.xml");
+  Stop();
+  EXPECT_TRUE(commandsGoneAtSave);
+  // The settings came first: the history data were still unsaved then.
+  EXPECT_EQ(historyAtSave, historyBefore);
+  EXPECT_NE(ReadSupportFile("HistoryData.xml"), historyBefore);
 }
 
 TEST_F(ModuleStartStop, StopRemovesTheCommandsAndKeepsHooksAndDictionaries) {

@@ -80,6 +80,9 @@ bool HostSession::InvokeLisp(const std::wstring &name, tolv::LispResult &result)
 }
 
 void HostSession::Send(AcRx::AppMsgCode msg, const char *name) {
+  // What the module defines with the interpreter while it handles a
+  // message is its own.
+  tolv::LispHost::ServingScope serving(appId_);
   AcRx::AppRetCode rc = loader_.Send(msg, appId_);
   if (rc != AcRx::kRetOK) ++failures_;
   // The invocation of a Lisp function is reported by its result instead.
