@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/windows/TextCodec.h"
+
 namespace tolv {
 
 std::string FormatDxfReal(double value) {
@@ -35,6 +37,8 @@ std::string EncodeDxfText(std::wstring_view text) {
       out += "^ ";
     } else if (u < 0x7F) {
       out += static_cast<char>(u);
+    } else if (std::string gbk = ToGbk(std::wstring_view(&c, 1)); gbk != "?") {
+      out += gbk;
     } else if (u <= 0xFFFF) {
       char buffer[16];
       std::snprintf(buffer, sizeof buffer, "\\U+%04X", static_cast<unsigned>(u));

@@ -12,8 +12,9 @@ namespace tolv {
 // decimal point or exponent ("1.0", "0.1", "1e+20"); 0.0 for NaN and infinity.
 std::string FormatDxfReal(double value);
 std::string FormatDxfHandle(std::uint64_t handle);
-// ASCII only: characters beyond ASCII become \U+XXXX, control characters
-// ^@ to ^_, and a caret "^ ".
+// Text in the drawing code page ANSI_936 (code page 936, as drawings of
+// the add-on's home are written): characters that code page lacks become
+// \U+XXXX, control characters ^@ to ^_, and a caret "^ ".
 std::string EncodeDxfText(std::wstring_view text);
 // The reverse of EncodeDxfText for text already decoded from the file's
 // bytes (\U+XXXX and the caret forms).

@@ -194,7 +194,7 @@ class Writer {
     Line(9, "$ACADMAINTVER");
     Int(70, 6);
     Line(9, "$DWGCODEPAGE");
-    Line(3, "ANSI_1252");
+    Line(3, "ANSI_936");
     Line(9, "$INSBASE");
     Point(10, 0.0, 0.0, 0.0);
     Line(9, "$EXTMIN");

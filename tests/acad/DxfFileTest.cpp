@@ -13,6 +13,7 @@
 #include "platform/acad/CarriedObjects.h"
 #include "platform/dbobject/KyDbMaterial.h"
 #include "platform/dbobject/KyDbStyleMakers.h"
+#include "platform/windows/TextCodec.h"
 #include "support/TestSupport.h"
 
 using acadtest::AddLayer;
@@ -172,14 +173,19 @@ TEST(DxfFile, ASecondSaveOfAReadDrawingIsTheSameFile) {
   EXPECT_EQ(Text(back), first);  // handles and owners are kept
 }
 
-TEST(DxfFile, TheFileIsAsciiOfRelease2000WithHandles) {
+TEST(DxfFile, TheFileIsTextOfRelease2000InCodePage936WithHandles) {
   AcDbDatabase db;
   FillDrawing(db);
+  // A character that code page 936 lacks.
+  ASSERT_EQ(tolv::ToGbk(L"\u0627"), "?");
+  acadtest::AddLayer(db, L"ARABIC-\u0627", 1);
   std::string text = Text(db);
-  for (unsigned char c : text) ASSERT_LT(c, 0x80);
   EXPECT_NE(text.find("$ACADVER\n  1\nAC1015\n"), std::string::npos);
+  EXPECT_NE(text.find("$DWGCODEPAGE\n  3\nANSI_936\n"), std::string::npos);
   EXPECT_NE(text.find("$HANDSEED"), std::string::npos);
-  EXPECT_NE(text.find("\\U+5899"), std::string::npos);  // the wall layer's 墙
+  EXPECT_NE(text.find("  2\n" + tolv::ToGbk(L"墙-WALL") + "\n"), std::string::npos);
+  EXPECT_NE(text.find("  2\nARABIC-\\U+0627\n"), std::string::npos);
+  EXPECT_EQ(text.find('\0'), std::string::npos);
   for (const char *section : {"HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"}) {
     EXPECT_NE(text.find(std::string("  2\n") + section + "\n"), std::string::npos) << section;
   }

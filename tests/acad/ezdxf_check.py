@@ -4,6 +4,7 @@
   ezdxf_check.py audit FILE             audit; prints the audit report, exit 1 on errors
   ezdxf_check.py check FILE EXPECT.json audit, then compare names and values
   ezdxf_check.py dump FILE              tables and entities as JSON on stdout
+  ezdxf_check.py compare FILE OTHER     audit OTHER; both hold the same tables and entities
   ezdxf_check.py make-block FILE        writes a block drawing made by ezdxf
   ezdxf_check.py make-sample FILE       writes a drawing of ezdxf's own release
 
@@ -241,6 +242,27 @@ def main(argv):
     if command == "dump":
         print(json.dumps(dump(doc), ensure_ascii=False, sort_keys=True))
         return 0
+    if command == "compare":
+        other = ezdxf.readfile(argv[3])
+        audit(other, failures)
+        a, b = dump(doc), dump(other)
+        for key in ("tables", "blocks", "modelspace"):
+            if key == "tables":
+                for table in sorted(set(a[key]) | set(b[key])):
+                    expect_equal(failures, "table %s" % table, b[key].get(table), a[key].get(table))
+            elif key == "blocks":
+                for name in sorted(set(a[key]) | set(b[key])):
+                    expect_equal(failures, "block %s" % name, b[key].get(name), a[key].get(name))
+            else:
+                expect_equal(failures, key, b[key], a[key])
+        print("compared: %d layers, %d line types, %d text styles, %d dimension styles, %d blocks, "
+              "%d model space entities" % (len(a["tables"]["layers"]), len(a["tables"]["linetypes"]),
+                                           len(a["tables"]["styles"]), len(a["tables"]["dimstyles"]),
+                                           len(a["blocks"]), len(a["modelspace"])))
+        for f in failures:
+            print("FAIL: " + f)
+        print("OK" if not failures else "FAILED (%d)" % len(failures))
+        return 1 if failures else 0
     audit(doc, failures)
     if command == "check":
         with open(argv[3], encoding="utf-8") as f:
