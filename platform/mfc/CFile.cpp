@@ -153,6 +153,9 @@ bool CFile::Open(const wchar_t *fileName, UINT openFlags, CFileException *error)
     struct stat st;
     bool exists = ::stat(target.c_str(), &st) == 0;
     if (exists && S_ISDIR(st.st_mode)) return failOs(EISDIR);
+    // A read-only file is not replaced, as the home platform refuses to
+    // open one for writing.
+    if (exists && ::access(target.c_str(), W_OK) != 0) return failOs(errno);
 
     std::string pattern = FolderOf(target) + "/." + NameOf(target) + ".tmpXXXXXX";
     std::vector<char> name(pattern.begin(), pattern.end());

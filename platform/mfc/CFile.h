@@ -8,7 +8,8 @@
 // when Close succeeds. If a write fails, if Close fails, if Abort is called
 // or if the object dies while an exception unwinds past it, the temporary is
 // removed and the old file stays as it was. With modeNoTruncate the old
-// content is copied into the temporary first. Opening an existing file for
+// content is copied into the temporary first. A read-only target is refused
+// (accessDenied), as on the home platform. Opening an existing file for
 // writing without modeCreate edits it in place.
 //
 // Errors of Open give false (and fill the optional CFileException); errors

@@ -257,3 +257,22 @@ TEST(CFileSave, ReadOnlyFolderRefusesTheSaveAndKeepsTheOldFile) {
   EXPECT_EQ(tolvtest::ReadFileBytes(dir.path() / "ro" / "d.dat"), kOld);
   EXPECT_EQ(Entries(dir.path() / "ro"), std::vector<std::string>{"d.dat"});
 }
+
+TEST(CFileSave, ReadOnlyTargetFileRefusesTheSave) {
+  if (::geteuid() == 0) {
+    GTEST_SKIP() << "running as root, for whom every file is writable";
+  }
+  tolvtest::ScratchDir dir("save_readonly_file");
+  fs::path p = dir.path() / "d.dat";
+  tolvtest::WriteFileBytes(p, kOld);
+  ::chmod(p.c_str(), 0444);
+  CFile file;
+  CFileException error;
+  EXPECT_FALSE(file.Open(dir.wide("d.dat").c_str(), kSaveMode, &error));
+  EXPECT_EQ(error.m_cause, CFileException::accessDenied);
+  EXPECT_FALSE(file.Open(dir.wide("d.dat").c_str(), kSaveMode | CFile::modeNoTruncate, &error));
+  EXPECT_TRUE(file.Open(dir.wide("d.dat").c_str(), CFile::modeRead));
+  file.Close();
+  EXPECT_EQ(tolvtest::ReadFileBytes(p), kOld);
+  EXPECT_EQ(Entries(dir.path()), std::vector<std::string>{"d.dat"});
+}
