@@ -23,6 +23,10 @@ namespace tolv {
 
 namespace {
 
+// Handles of a file above this are replaced: they would leave no room for
+// the handles of new objects.
+constexpr std::uint64_t kMaxFileHandle = std::uint64_t(1) << 60;
+
 // Files beyond this size are refused rather than read into memory.
 constexpr std::uintmax_t kMaxDxfBytes = 256u * 1024u * 1024u;
 
@@ -426,7 +430,10 @@ class Builder {
 
   std::uint64_t MaxHandle() const {
     std::uint64_t max = 0;
-    auto see = [&](const Chunk &c) { max = std::max(max, ChunkHandle(c)); };
+    auto see = [&](const Chunk &c) {
+      std::uint64_t h = ChunkHandle(c);
+      if (h <= kMaxFileHandle) max = std::max(max, h);
+    };
     for (const TableBlock &t : file_.tables) {
       see(t.head);
       for (const Chunk &c : t.records) see(c);
@@ -438,14 +445,14 @@ class Builder {
     }
     for (const Chunk &c : file_.entities) see(c);
     for (const Chunk &c : file_.objects) see(c);
-    // Handles of absurd size would leave no room for new objects.
-    return max > (std::uint64_t(1) << 60) ? 0 : max;
+    return max > kMaxFileHandle ? 0 : max;
   }
 
   AcDbObjectId Register(AcDbObject *obj, const Chunk *chunk, AcDbObjectId owner) {
     AcDbObjectId id;
     std::uint64_t handle = chunk ? ChunkHandle(*chunk) : 0;
-    if (handle && ds_.byHandle.count(handle)) handle = 0;  // a duplicate gets a new one
+    // A duplicate, or a handle so large it leaves no room above it, gets a new one.
+    if (handle > kMaxFileHandle || (handle && ds_.byHandle.count(handle))) handle = 0;
     if (ObjectAccess::Add(db_, obj, owner, handle, false, &id) != Acad::eOk) {
       ObjectAccess::Add(db_, obj, owner, 0, false, &id);
     }

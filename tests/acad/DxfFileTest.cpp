@@ -425,3 +425,62 @@ TEST(DxfFile, SavingRefusesWhileAnObjectIsOpenForWrite) {
   tolvtest::ScratchDir dir("dxf_unwritable");
   EXPECT_EQ(db.saveAs(dir.wide("no/such/folder/x.dxf").c_str()), Acad::eFileAccessErr);
 }
+
+TEST(DxfFile, AbsurdHandlesAreReplacedByFreshOnes) {
+  AcDbDatabase db;
+  AcDbObjectId id = AddLayer(db, L"HUGE", 1);
+  std::string text = Text(db);
+  std::string handle = "  5\n" + Hex(id) + "\n";
+  std::size_t at = text.find(handle);
+  ASSERT_NE(at, std::string::npos);
+  text.replace(at, handle.size(), "  5\nFFFFFFFFFFFFFFFF\n");
+  AcDbDatabase back(false, false);
+  ASSERT_EQ(back.dxfInFromText(text), Acad::eOk);
+  AcDbLayerTable *layers = nullptr;
+  back.getLayerTable(layers, AcDb::kForRead);
+  AcDbObjectId layer;
+  EXPECT_EQ(layers->getAt(L"HUGE", layer), Acad::eOk);
+  layers->close();
+  EXPECT_FALSE(layer.handle().isNull());
+  EXPECT_LT(layer.handle().value(), 0x100000u);
+  acadtest::AddLayer(back, L"AFTER", 2);  // new objects still get handles
+  std::string again = Text(back);
+  EXPECT_EQ(again.find("FFFFFFFFFFFFFFFF"), std::string::npos);
+  EXPECT_EQ(again.find("  5\n0\n"), std::string::npos);
+}
+
+TEST(DxfFile, DeeplyNestedDictionariesWriteAndReadWithoutRecursion) {
+  AcDbDatabase db;
+  AcDbObjectId parent = db.namedObjectsDictionaryId();
+  const int depth = 20000;
+  for (int i = 0; i < depth; ++i) {
+    AcDbDictionary *dict = nullptr;
+    ASSERT_EQ(acdbOpenObject(dict, parent, AcDb::kForWrite), Acad::eOk);
+    auto *child = new AcDbDictionary;
+    AcDbObjectId childId;
+    ASSERT_EQ(dict->setAt(i == 0 ? L"TOLV_DEEP" : L"D", child, childId), Acad::eOk);
+    child->close();
+    dict->close();
+    parent = childId;
+  }
+  std::string text = Text(db);
+  AcDbDatabase back(false, false);
+  ASSERT_EQ(back.dxfInFromText(text), Acad::eOk);
+  AcDbDictionary *nod = nullptr;
+  ASSERT_EQ(back.getNamedObjectsDictionary(nod, AcDb::kForRead), Acad::eOk);
+  AcDbObjectId id;
+  EXPECT_EQ(nod->getAt(L"TOLV_DEEP", id), Acad::eOk);
+  nod->close();
+  int levels = 1;
+  while (true) {
+    AcDbDictionary *dict = nullptr;
+    ASSERT_EQ(acdbOpenObject(dict, id, AcDb::kForRead), Acad::eOk);
+    AcDbObjectId next;
+    Acad::ErrorStatus es = dict->getAt(L"D", next);
+    dict->close();
+    if (es != Acad::eOk) break;
+    id = next;
+    ++levels;
+  }
+  EXPECT_EQ(levels, depth);
+}
