@@ -3,10 +3,13 @@
 // variables the add-on reads. It keeps every object it holds under a
 // handle and deletes them when it dies.
 //
-// Drawing files are ASCII DXF of release 2000 (AC1015). saveAs and dxfOut
-// write one; readDwgFile and dxfIn read one. A path that names a ".DWG"
-// drawing is served by the file of that name if it is DXF text, else by
-// its ".dxf" sibling (same stem, extension in any case).
+// Drawing files are text DXF of release 2000 (AC1015), with handles and
+// owners, in the drawing code page ANSI_936 (characters that code page
+// lacks as \U+XXXX). saveAs and dxfOut write one; readDwgFile and dxfIn
+// read one of any release that has the same text form (UTF-8 from
+// AC1021). A path that names a ".DWG" drawing is served by the file of
+// that name if it is DXF text, else by its ".dxf" sibling (same stem,
+// extension in any case).
 #pragma once
 
 #include <memory>
