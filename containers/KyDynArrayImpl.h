@@ -93,8 +93,13 @@ class KyDynArray : public KyDynArrayBase<T> {
   // array, since growing may free the buffer.
   void InsertCur(T const &x) override {
     ReAllocate(this->m_nLength + 1);
-    for (std::int32_t k = this->m_nLength - 1; k > this->m_nCur; --k) m_pData[k] = m_pData[k - 1];
-    m_pData[this->m_nCur] = x;
+    std::int32_t cur = this->m_nCur;
+    // The cursor must be on an element or just past the end; the test only
+    // tells the optimiser that the shifted range starts inside the buffer.
+    if (cur >= 0) {
+      for (std::int32_t k = this->m_nLength - 1; k > cur; --k) m_pData[k] = m_pData[k - 1];
+    }
+    m_pData[cur] = x;
   }
   // The cursor lands on the predecessor (-1 for the first), so DelCur
   // followed by MoveToNext continues a scan without skipping.
