@@ -165,6 +165,10 @@ TEST_F(HostProgram, TwoCyclesInOneProcessReadWhatTheFirstSaved) {
   for (size_t i = 0; i + 1 < run.lines.size(); ++i)
     if (run.lines[i].rfind("Command: (", 0) == 0) results.push_back(run.lines[i + 1]);
   EXPECT_EQ(results, (Lines{"1", "0", "0", "1"}));
+  // Each cycle took the module out of the process again.
+  int unloaded = 0;
+  for (const std::string &line : run.lines) unloaded += line == "host: module unloaded";
+  EXPECT_EQ(unloaded, 2);
   EXPECT_EQ(LinesFrom(run, "host: cycle 2 of 2").size(), LinesFrom(run, "host: cycle 1 of 2").size() / 2);
   EXPECT_EQ(Saved("config.xml"), Bundled("config.xml"));
 }

@@ -7,10 +7,12 @@
 #include "module/EntryPoint.h"
 #include "module/ModuleCommands.h"
 #include "module/ModuleGlobals.h"
+#include "module/ModuleState.h"
 #include "platform/acad/AcEdCommandStack.h"
 #include "platform/acad/AcRxDynamicLinker.h"
 #include "platform/acad/AcRxRegistry.h"
 #include "platform/acad/AcutPrintf.h"
+#include "platform/acad/AfxExtensionModule.h"
 #include "platform/dbobject/DbObjectSettings.h"
 #include "platform/dbobject/KyDbHooks.h"
 #include "platform/geometry/GeTolerance.h"
@@ -57,8 +59,9 @@ ModuleHarness::ModuleHarness() {
 }
 
 ModuleHarness::~ModuleHarness() {
-  // A test that started the module and didn't stop it leaves no commands
-  // behind for the next one.
+  // A test that started the module and didn't stop it leaves neither its
+  // framework link nor its commands behind for the next one.
+  if (TheModuleState().extension.bInitialized) AfxTermExtensionModule(TheModuleState().extension);
   if (AcEdCommandStack *commands = AcEdCommandStack::cast(acrxSysRegistry()->at(ACRX_COMMAND_DOCK)))
     commands->removeGroup(kModuleCommandGroup);
   for (int doc : documents_) tolv::LispHost::Instance().CloseDocument(doc);

@@ -149,7 +149,8 @@ TEST_F(ModuleStartStop, EveryOtherMessageIsTakenAndIgnored) {
   Start();
   const std::wstring printed = commandLine();
   for (AcRx::AppMsgCode msg : {AcRx::kNullMsg, AcRx::kCfgMsg, AcRx::kEndMsg, AcRx::kQuitMsg, AcRx::kSaveMsg,
-                               AcRx::kPreQuitMsg, AcRx::kSuspendMsg, static_cast<AcRx::AppMsgCode>(99)}) {
+                               AcRx::kPreQuitMsg, AcRx::kSuspendMsg, AcRx::kDependencyMsg, AcRx::kNoDependencyMsg,
+                               AcRx::kOleUnloadAppMsg, AcRx::kInitDialogMsg, AcRx::kEndDialogMsg}) {
     EXPECT_EQ(Send(msg), AcRx::kRetOK);
   }
   EXPECT_EQ(commandLine(), printed);

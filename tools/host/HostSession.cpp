@@ -57,8 +57,13 @@ void HostSession::Stop() {
   tolv::LispHost::Instance().ForgetApplication(appId_);
   Linker()->endApplication(appId_);
   appId_ = nullptr;
-  loader_.Unload();
-  HostLine("module unloaded");
+  if (loader_.Unload()) {
+    HostLine("module unloaded");
+  } else {
+    // A module that stays would start its next load with this load's state.
+    HostLine("module unloaded, but it is still in the process");
+    ++failures_;
+  }
 }
 
 bool HostSession::RunCommand(const std::wstring &name) {

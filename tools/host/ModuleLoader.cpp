@@ -9,6 +9,7 @@ ModuleLoader::~ModuleLoader() { Unload(); }
 
 bool ModuleLoader::Load(const std::string &path) {
   Unload();
+  path_ = path;
   handle_ = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (!handle_) {
     const char *why = ::dlerror();
@@ -25,11 +26,17 @@ bool ModuleLoader::Load(const std::string &path) {
   return true;
 }
 
-void ModuleLoader::Unload() {
-  if (handle_) ::dlclose(handle_);
+bool ModuleLoader::Unload() {
+  if (!handle_) return true;
+  ::dlclose(handle_);
   handle_ = nullptr;
   entry_ = nullptr;
   version_ = nullptr;
+  // Asking without loading tells whether the file is still in the process.
+  void *still = ::dlopen(path_.c_str(), RTLD_NOW | RTLD_NOLOAD);
+  if (!still) return true;
+  ::dlclose(still);
+  return false;
 }
 
 int ModuleLoader::ApiVersion() const { return version_ ? version_() : -1; }

@@ -15,7 +15,9 @@ class ModuleLoader {
 
   // False with a reason in error() when the file or an entry point is missing.
   bool Load(const std::string &path);
-  void Unload();
+  // Gives true when the module has left the process, false when it is
+  // still there (for instance because something else holds it).
+  bool Unload();
   bool IsLoaded() const { return handle_ != nullptr; }
 
   int ApiVersion() const;
@@ -29,6 +31,7 @@ class ModuleLoader {
   using EntryPoint = AcRx::AppRetCode (*)(AcRx::AppMsgCode, void *);
   using ApiVersionFn = int (*)();
   void *handle_ = nullptr;
+  std::string path_;
   EntryPoint entry_ = nullptr;
   ApiVersionFn version_ = nullptr;
   std::string error_;
