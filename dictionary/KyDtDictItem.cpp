@@ -201,17 +201,22 @@ void KyDtDictItem::ReadHeader(_auto_ptr<KyUtXMLDOMNode> &node) {
     if (name == nullptr || *name == L'\0') continue;
     SetAttributeValue(name, node->GetAttributeValue(name));
   }
-  auto take = [this](const wchar_t *key, CString &field) {
-    auto it = m_pAttributes->find(CString(key));
+  // The keys are made once: a CString of more than three characters costs
+  // an allocation, and this runs for every element of a file.
+  static const CString kName(L"name");
+  static const CString kLocalName(L"localname");
+  static const CString kComment(L"comment");
+  auto take = [this](const CString &key, CString &field) {
+    auto it = m_pAttributes->find(key);
     if (it == m_pAttributes->end()) {
       field.Empty();
     } else {
       field = it->second;
     }
   };
-  take(L"name", m_strName);
-  take(L"localname", m_strLocalName);
-  take(L"comment", m_strComment);
+  take(kName, m_strName);
+  take(kLocalName, m_strLocalName);
+  take(kComment, m_strComment);
 }
 
 void KyDtDictItem::WriteHeader(CArchive &ar) {
