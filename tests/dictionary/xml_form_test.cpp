@@ -504,3 +504,22 @@ TEST_F(DictXml, UnresolvedReferencesArePrintedAndTheReadSucceeds) {
   EXPECT_EQ(output.Pieces()[0], L"\n无法解析的引用：");
   EXPECT_EQ(output.Pieces()[1], L"A\\B");
 }
+
+TEST_F(DictXml, SortedReadLeavesTheCursorWhereTheLastAppendWould) {
+  KyDtDictionary dict;
+  ASSERT_TRUE(ReadText(dict, Doc(" autosort=\"TRUE\"", "<Int name=\"c\">1</Int><Int name=\"a\">2</Int><Int name=\"b\">3</Int>")));
+  EXPECT_EQ(dict.GetCur(), 1);  // on "b", the last to arrive
+  ASSERT_TRUE(ReadText(dict, Doc(" autosort=\"TRUE\"", "<Int name=\"c\">1</Int><Int name=\"a\">2</Int><Int name=\"c\">3</Int>"),
+                       "dup.xml"));
+  EXPECT_EQ(dict.GetCur(), 1);  // refused: on the "c" already there
+}
+
+TEST_F(DictXml, AClassNameThatCantBeATagIsLeftOut) {
+  KyDtDictionary dict;
+  dict.FindOrAddDict(L"bad")->SetClassName(L"two words");
+  dict.SetValue(L"good", 1);
+  ASSERT_TRUE(dict.SaveToXML(Path("out.xml").c_str()));
+  KyDtDictionary back;
+  ASSERT_TRUE(back.ReadFromXML(Path("out.xml").c_str()));
+  EXPECT_EQ(ChildNames(back), (Names{L"good"}));
+}
