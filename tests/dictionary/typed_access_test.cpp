@@ -1,12 +1,4 @@
 // Typed access by path, stored arrays and reference items.
-//
-// GCC 12 at -O2 sees KyDynArray<T>::InsertCur's shifting loop of a freshly
-// grown buffer as a memmove from an empty region and warns; the loop runs
-// zero times there. The warning is silenced for this file only.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic ignored "-Wstringop-overread"
-#endif
-
 #include <gtest/gtest.h>
 
 #include "containers/KyDynArray.h"
