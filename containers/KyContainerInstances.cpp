@@ -9,71 +9,89 @@
 //
 // Template          | instantiated here                        | waiting for their element type
 // ------------------+------------------------------------------+-------------------------------------------
-// KyDynArrayBase<T> | CString, bool, char, double, int (=long) | KyStringW (TolvBase stand-in), KyDtAttribute,
-//                   |                                          | KyDtDictItem*, KyDtLib*, KyDtLibDirectory*,
-//                   |                                          | KyDtLibItem*, KyDtLibItemBase*,
+// KyDynArrayBase<T> | CString, KyStringW, bool, char, double,  | KyDtAttribute, KyDtLib*, KyDtLibDirectory*,
+//                   | int (=long), KyDtDictItem*               | KyDtLibItem*, KyDtLibItemBase*,
 //                   |                                          | KyDtProjectItem*, KyDtUIItem*, KyPat*,
 //                   |                                          | KyArray<KyGeGridCellBJ>, KyArray<KyGeGridNodeBJ>,
 //                   |                                          | every KyDb*, KyGe*, KyGi*, KyGraph*,
 //                   |                                          | KyDynArrayStream* and KyListNode<...>* row
-// KyDynArray<T>     | char, double                             | KyDtDictionary*, KyPat*, KyDb*, KyGe*,
-//                   |                                          | KyDynArrayStream*, KyListNode<...>* rows
+// KyDynArray<T>     | char, double, KyDtDictionary*            | KyPat*, KyDb*, KyGe*, KyDynArrayStream*,
+//                   |                                          | KyListNode<...>* rows
 // KyDynPArray<T>    | -                                        | KyPat, KyDbGrip, KyDbGripDim,
 //                   |                                          | KyDynArrayStream, KyGeGridSegBJ
-// KyList<T>         | CString, int                             | KyDtAttribute, KyDtDictItem*, KyDtLib*,
-//                   |                                          | KyDtLibItemBase*, KyDtProjectItem*,
-//                   |                                          | KyDtUIItem*, KyDb*, KyGe*, KyGi*, KyGraph* rows
-// KyDList<T>        | CString                                  | KyDtAttribute, KyDtDictItem*,
-//                   |                                          | KyDtDictReferenceItem*, KyDtLib*,
-//                   |                                          | KyDtLibItemBase*, KyDtProjectFloor*,
+// KyList<T>         | CString, int, KyDtDictItem*              | KyDtAttribute, KyDtLib*, KyDtLibItemBase*,
 //                   |                                          | KyDtProjectItem*, KyDtUIItem*, KyDb*, KyGe*,
 //                   |                                          | KyGi*, KyGraph* rows
-// KyPDList<T>       | -                                        | KyDtDictItem, KyDtLib, KyDtLibItemBase,
-//                   |                                          | KyDtPrjFile, KyDtPrjFloor, KyDtProjectDrawing,
+// KyDList<T>        | CString, KyDtDictItem*,                  | KyDtAttribute, KyDtLib*, KyDtLibItemBase*,
+//                   | KyDtDictReferenceItem*                   | KyDtProjectFloor*, KyDtProjectItem*,
+//                   |                                          | KyDtUIItem*, KyDb*, KyGe*, KyGi*, KyGraph* rows
+// KyPDList<T>       | -                                        | KyDtDictItem (needs the full class: it is
+//                   |                                          | instantiated where the dictionary is built),
+//                   |                                          | KyDtLib, KyDtLibItemBase, KyDtPrjFile,
+//                   |                                          | KyDtPrjFloor, KyDtProjectDrawing,
 //                   |                                          | KyDtProjectItem, KyDtProjectRegion,
 //                   |                                          | KyDtProjectView, KyDtUIItem, KyDb*, KyGe*,
 //                   |                                          | KyGi*, KyGraphArc rows
 // KyXList<T>        | -                                        | KyDbWallGraphNode*, KyGraphArc*, KyGraphNode*
 // KyPXList<T>       | -                                        | KyDbWallGraphNode, KyGraphArc, KyGraphNode
-// KyArray<T>        | CString, char, double, int               | KyDtAttribute, the pointer rows of the
-//                   |                                          | module's and closed libraries' classes,
+// KyArray<T>        | CString, char, double, int, KyDtDictItem*| KyDtAttribute, the pointer rows of the
+//                   |                                          | other module and closed-library classes,
 //                   |                                          | KyArray<KyGe...BJ>, KyGe*, KyPat*
 // Ky2dArray<T>      | -                                        | KyGeGridCellBJ, KyGeGridNodeBJ
-// KyListNode<T>     | CString, int                             | the same rows as KyList<T>
+// KyListNode<T>     | CString, int, KyDtDictItem*              | the other rows of KyList<T>
 // KyDListNode<T>    | -                                        | KyGeGridNodeBJ, KyGePoint and the pointer
 //                   |                                          | rows of KyDb*, KyGe*, KyGi*, KyGraph*
-// KyQuene<T>        | int (=long, the index queue)             | KyDtDictionary*
-// KyListQuene<T>    | int (=long)                              | KyDtDictionary*
+// KyQuene<T>        | int (=long, the index queue),            | -
+//                   | KyDtDictionary*                          |
+// KyListQuene<T>    | int (=long), KyDtDictionary*             | -
 // KyBFindTree<T>    | -                                        | AcDbObjectId
 // KyPushVar<T>      | -                                        | KyDtUIConfig*
+//
+// A pointer row needs only the name of its class, so the dictionary's
+// pointer rows are here already; an owning row needs the whole class.
 #include <cstdint>
 
 #include "containers/KyDynArray.h"
 #include "containers/KyList.h"
 #include "containers/KyPDList.h"
+#include "platform/base/KyStringW.h"
 #include "platform/mfc/CString.h"
 
+class KyDtDictItem;
+class KyDtDictionary;
+class KyDtDictReferenceItem;
+
 template class KyDynArrayBase<CString>;
+template class KyDynArrayBase<KyStringW>;
 template class KyDynArrayBase<bool>;
 template class KyDynArrayBase<char>;
 template class KyDynArrayBase<double>;
 template class KyDynArrayBase<std::int32_t>;
+template class KyDynArrayBase<KyDtDictItem *>;
 
 template class KyDynArray<char>;
 template class KyDynArray<double>;
+template class KyDynArray<KyDtDictionary *>;
 
 template class KyListNode<CString>;
 template class KyListNode<std::int32_t>;
+template class KyListNode<KyDtDictItem *>;
 
 template class KyList<CString>;
 template class KyList<std::int32_t>;
+template class KyList<KyDtDictItem *>;
 
 template class KyDList<CString>;
+template class KyDList<KyDtDictItem *>;
+template class KyDList<KyDtDictReferenceItem *>;
 
 template class KyArray<CString>;
 template class KyArray<char>;
 template class KyArray<double>;
 template class KyArray<std::int32_t>;
+template class KyArray<KyDtDictItem *>;
 
 template class KyQuene<std::int32_t>;
 template class KyListQuene<std::int32_t>;
+template class KyQuene<KyDtDictionary *>;
+template class KyListQuene<KyDtDictionary *>;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "containers/KyDynArray.h"
+#include "platform/base/KyStringW.h"
 #include "tests/containers/ContainerTestSupport.h"
 
 using kytest::Fill;
@@ -626,4 +627,9 @@ TEST(DynArray, WorksForTheBasicElementTypes) {
   names.Sort(true);
   EXPECT_EQ(names.BFind(CString(L"b")), 1);
   EXPECT_TRUE(names.GetAt(0) == CString(L"a"));
+  KyList<KyStringW> wide;
+  Fill(wide, {KyStringW(L"beta"), KyStringW(L"alpha")});
+  wide.Sort(true);
+  EXPECT_TRUE(wide.GetAt(0) == KyStringW(L"alpha"));
+  EXPECT_EQ(wide.Find(KyStringW(L"beta")), 1);
 }
