@@ -2,6 +2,7 @@
 
 #include <iconv.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -12,24 +13,6 @@ namespace tolv {
 namespace {
 
 constexpr wchar_t kReplacement = 0xFFFD;
-
-void AppendUtf8(std::string &out, std::uint32_t cp) {
-  if (cp < 0x80) {
-    out += static_cast<char>(cp);
-  } else if (cp < 0x800) {
-    out += static_cast<char>(0xC0 | (cp >> 6));
-    out += static_cast<char>(0x80 | (cp & 0x3F));
-  } else if (cp < 0x10000) {
-    out += static_cast<char>(0xE0 | (cp >> 12));
-    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (cp & 0x3F));
-  } else {
-    out += static_cast<char>(0xF0 | (cp >> 18));
-    out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
-    out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (cp & 0x3F));
-  }
-}
 
 // The two GBK tables, built once from the C library's converter.
 struct GbkTables {
@@ -82,22 +65,29 @@ bool IsAscii(std::wstring_view text) {
 
 }  // namespace
 
-std::wstring FromUtf8(std::string_view bytes) {
-  std::wstring out;
-  out.reserve(bytes.size());
+namespace {
+
+// Decodes into `out`, at most `room` characters; gives how many it wrote,
+// or -1 when they wouldn't fit. Broken sequences give U+FFFD for their
+// first byte and decoding goes on at the next one.
+std::ptrdiff_t DecodeUtf8(std::string_view bytes, wchar_t *out, std::size_t room) {
   const auto *p = reinterpret_cast<const unsigned char *>(bytes.data());
   const auto *end = p + bytes.size();
+  wchar_t *o = out;
+  wchar_t *const oend = out + room;
   while (p < end) {
-    unsigned char c = *p;
-    if (c < 0x80) {
-      out += static_cast<wchar_t>(c);
-      ++p;
-      continue;
+    // Runs of ASCII, the bulk of most text.
+    while (p < end && *p < 0x80) {
+      if (o == oend) return -1;
+      *o++ = static_cast<wchar_t>(*p++);
     }
+    if (p == end) break;
+    if (o == oend) return -1;
+    unsigned char c = *p;
     int extra = (c >= 0xF0 && c <= 0xF4) ? 3 : (c >= 0xE0) ? 2 : (c >= 0xC2 && c <= 0xDF) ? 1 : -1;
     if (c >= 0xF5) extra = -1;
     if (extra < 0 || end - p <= extra) {
-      out += kReplacement;
+      *o++ = kReplacement;
       ++p;
       continue;
     }
@@ -113,56 +103,119 @@ std::wstring FromUtf8(std::string_view bytes) {
     // Overlong forms, surrogates and values above U+10FFFF are invalid.
     static const std::uint32_t kMin[4] = {0, 0x80, 0x800, 0x10000};
     if (!ok || cp < kMin[extra] || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) {
-      out += kReplacement;
+      *o++ = kReplacement;
       ++p;
       continue;
     }
-    out += static_cast<wchar_t>(cp);
+    *o++ = static_cast<wchar_t>(cp);
     p += extra + 1;
   }
+  return o - out;
+}
+
+std::uint32_t Utf8Scalar(wchar_t c) {
+  auto cp = static_cast<std::uint32_t>(c);
+  return (cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) ? static_cast<std::uint32_t>(kReplacement) : cp;
+}
+
+std::size_t Utf8Length(std::uint32_t cp) { return cp < 0x80 ? 1 : cp < 0x800 ? 2 : cp < 0x10000 ? 3 : 4; }
+
+}  // namespace
+
+std::wstring FromUtf8(std::string_view bytes) {
+  // Well-formed text has one character per byte that doesn't continue a
+  // sequence: sized to that, the result is built in place with no slack.
+  // Broken text may need more; it is then decoded again with room for one
+  // character per byte.
+  std::size_t leads = 0;
+  for (char c : bytes) leads += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  std::wstring out(leads, L'\0');
+  std::ptrdiff_t n = DecodeUtf8(bytes, out.data(), out.size());
+  if (n < 0) {
+    out.assign(bytes.size(), L'\0');
+    n = DecodeUtf8(bytes, out.data(), out.size());
+  }
+  out.resize(static_cast<std::size_t>(n));
   return out;
 }
 
 std::string ToUtf8(std::wstring_view text) {
-  std::string out;
-  out.reserve(text.size());
-  for (wchar_t c : text) {
-    auto cp = static_cast<std::uint32_t>(c);
-    if (cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) cp = kReplacement;
-    AppendUtf8(out, cp);
+  std::size_t length = 0;
+  for (wchar_t c : text) length += Utf8Length(Utf8Scalar(c));
+  std::string out(length, '\0');
+  char *o = out.data();
+  const wchar_t *p = text.data();
+  const wchar_t *end = p + text.size();
+  while (p < end) {
+    while (p < end && static_cast<std::uint32_t>(*p) < 0x80) *o++ = static_cast<char>(*p++);
+    if (p == end) break;
+    const std::uint32_t cp = Utf8Scalar(*p++);
+    if (cp < 0x800) {
+      *o++ = static_cast<char>(0xC0 | (cp >> 6));
+      *o++ = static_cast<char>(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+      *o++ = static_cast<char>(0xE0 | (cp >> 12));
+      *o++ = static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+      *o++ = static_cast<char>(0x80 | (cp & 0x3F));
+    } else {
+      *o++ = static_cast<char>(0xF0 | (cp >> 18));
+      *o++ = static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+      *o++ = static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+      *o++ = static_cast<char>(0x80 | (cp & 0x3F));
+    }
   }
   return out;
 }
 
+namespace {
+
+bool IsHighSurrogate(char16_t u) { return u >= 0xD800 && u <= 0xDBFF; }
+bool IsLowSurrogate(char16_t u) { return u >= 0xDC00 && u <= 0xDFFF; }
+
+}  // namespace
+
 std::wstring FromUtf16(std::u16string_view units) {
-  std::wstring out;
-  out.reserve(units.size());
-  for (size_t i = 0; i < units.size(); ++i) {
-    char16_t u = units[i];
-    if (u >= 0xD800 && u <= 0xDBFF && i + 1 < units.size() && units[i + 1] >= 0xDC00 &&
-        units[i + 1] <= 0xDFFF) {
-      out += static_cast<wchar_t>(0x10000 + ((u - 0xD800) << 10) + (units[i + 1] - 0xDC00));
+  // Each pair of surrogates makes one character; everything else one each.
+  std::size_t length = units.size();
+  for (std::size_t i = 0; i + 1 < units.size(); ++i) {
+    if (IsHighSurrogate(units[i]) && IsLowSurrogate(units[i + 1])) {
+      --length;
+      ++i;
+    }
+  }
+  std::wstring out(length, L'\0');
+  wchar_t *o = out.data();
+  const std::size_t n = units.size();
+  for (std::size_t i = 0; i < n; ++i) {
+    const char16_t u = units[i];
+    if (IsHighSurrogate(u) && i + 1 < n && IsLowSurrogate(units[i + 1])) {
+      *o++ = static_cast<wchar_t>(0x10000 + ((u - 0xD800) << 10) + (units[i + 1] - 0xDC00));
       ++i;
     } else {
-      out += static_cast<wchar_t>(u);
+      *o++ = static_cast<wchar_t>(u);
     }
   }
   return out;
 }
 
 std::u16string ToUtf16(std::wstring_view text) {
-  std::u16string out;
-  out.reserve(text.size());
+  std::size_t length = text.size();
+  for (wchar_t c : text) {
+    auto cp = static_cast<std::uint32_t>(c);
+    if (cp >= 0x10000 && cp <= 0x10FFFF) ++length;
+  }
+  std::u16string out(length, u'\0');
+  char16_t *o = out.data();
   for (wchar_t c : text) {
     auto cp = static_cast<std::uint32_t>(c);
     if (cp >= 0x10000 && cp <= 0x10FFFF) {
       cp -= 0x10000;
-      out += static_cast<char16_t>(0xD800 + (cp >> 10));
-      out += static_cast<char16_t>(0xDC00 + (cp & 0x3FF));
+      *o++ = static_cast<char16_t>(0xD800 + (cp >> 10));
+      *o++ = static_cast<char16_t>(0xDC00 + (cp & 0x3FF));
     } else if (cp > 0x10FFFF) {
-      out += static_cast<char16_t>(kReplacement);
+      *o++ = static_cast<char16_t>(kReplacement);
     } else {
-      out += static_cast<char16_t>(cp);
+      *o++ = static_cast<char16_t>(cp);
     }
   }
   return out;
