@@ -1,15 +1,23 @@
 // The XML wrapper on pugixml. pugixml stays inside this file: the public
 // headers hold only opaque implementation pointers.
 //
-// pugixml keeps UTF-8 text; the wrapper converts at its edge, so every wide
-// string in and out goes through tolv::ToUtf8 / tolv::FromUtf8.
+// pugixml keeps UTF-8 text; the wrapper converts at its edge. Text going out
+// is decoded straight into storage owned by the handle (broken UTF-8 goes
+// through tolv::FromUtf8, so it reads as it always has); text coming in is
+// encoded as tolv::ToUtf8 does.
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+#include <memory>
 
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
-#include <set>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -40,7 +48,133 @@ constexpr std::size_t kLinearAttributeCheck = 16;
 
 std::string Narrow(const wchar_t *text) { return text ? tolv::ToUtf8(text) : std::string(); }
 
-std::wstring Widen(const char *text) { return text ? tolv::FromUtf8(text) : std::wstring(); }
+// Whether the UTF-8 name pugixml holds is the wide `name` written in UTF-8,
+// compared without building either form. Names are nearly always ASCII; the
+// first character beyond it sends the compare to the converter, so the
+// answer is the one the converted text would give.
+bool SameName(const char *utf8, const wchar_t *name) {
+  const char *a = utf8;
+  const wchar_t *w = name;
+  for (;; ++a, ++w) {
+    const auto c = static_cast<unsigned char>(*a);
+    const auto wc = static_cast<std::uint32_t>(*w);
+    if (c >= 0x80 || wc >= 0x80) return tolv::ToUtf8(name) == utf8;
+    if (c != wc) return false;
+    if (c == 0) return true;
+  }
+}
+
+// Decodes `n` bytes of UTF-8 into `out`, which has room for `n` characters,
+// and gives how many it wrote; -1 when the bytes aren't well-formed UTF-8
+// (the caller then takes tolv::FromUtf8, which decides what broken
+// sequences become). Runs of ASCII, the bulk of any file, are copied in a
+// tight loop.
+std::ptrdiff_t DecodeWellFormedUtf8(const char *bytes, std::size_t n, wchar_t *out) {
+  const auto *p = reinterpret_cast<const unsigned char *>(bytes);
+  const auto *end = p + n;
+  wchar_t *o = out;
+  while (p < end) {
+    while (p < end && *p < 0x80) *o++ = static_cast<wchar_t>(*p++);
+    if (p == end) break;
+    const unsigned char c = *p;
+    int extra;
+    std::uint32_t cp;
+    if (c >= 0xC2 && c <= 0xDF) {
+      extra = 1;
+      cp = c & 0x1F;
+    } else if (c >= 0xE0 && c <= 0xEF) {
+      extra = 2;
+      cp = c & 0x0F;
+    } else if (c >= 0xF0 && c <= 0xF4) {
+      extra = 3;
+      cp = c & 0x07;
+    } else {
+      return -1;
+    }
+    if (end - p <= extra) return -1;
+    for (int i = 1; i <= extra; ++i) {
+      if ((p[i] & 0xC0) != 0x80) return -1;
+      cp = (cp << 6) | (p[i] & 0x3F);
+    }
+    static constexpr std::uint32_t kMin[4] = {0, 0x80, 0x800, 0x10000};
+    if (cp < kMin[extra] || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return -1;
+    *o++ = static_cast<wchar_t>(cp);
+    p += extra + 1;
+  }
+  return o - out;
+}
+
+// Wide text handed out by one handle. Each string is written once and never
+// moves, so every pointer given out stays valid while the handle lives; the
+// memory goes all at once with the handle. The first block lives inside the
+// handle: reading an ordinary element needs no allocation for its text.
+class TextArena {
+ public:
+  TextArena() : at_(first_), end_(first_ + kFirstBlock) {}
+  TextArena(const TextArena &) = delete;
+  TextArena &operator=(const TextArena &) = delete;
+
+  // The UTF-8 text as a wide string of the arena.
+  const wchar_t *Keep(const char *utf8) {
+    if (utf8 == nullptr || *utf8 == '\0') return L"";
+    return Keep(utf8, std::strlen(utf8));
+  }
+
+  const wchar_t *Keep(const char *utf8, std::size_t n) {
+    if (n == 0) return L"";
+    // A character takes at least one byte, so n + 1 characters are enough.
+    wchar_t *room = Allocate(n + 1);
+    const std::ptrdiff_t written = DecodeWellFormedUtf8(utf8, n, room);
+    if (written >= 0) {
+      room[written] = L'\0';
+      Release(room + written + 1);
+      return room;
+    }
+    const std::wstring wide = tolv::FromUtf8(std::string_view(utf8, n));
+    // Broken bytes give one character each: the text still fits.
+    std::copy(wide.begin(), wide.end(), room);
+    room[wide.size()] = L'\0';
+    Release(room + wide.size() + 1);
+    return room;
+  }
+
+ private:
+  static constexpr std::size_t kFirstBlock = 192;
+  static constexpr std::size_t kBlock = 2048;
+
+  wchar_t *Allocate(std::size_t n) {
+    if (static_cast<std::size_t>(end_ - at_) < n) {
+      const std::size_t size = std::max(n, kBlock);
+      blocks_.push_back(std::make_unique<wchar_t[]>(size));
+      at_ = blocks_.back().get();
+      end_ = at_ + size;
+    }
+    wchar_t *room = at_;
+    at_ += n;
+    return room;
+  }
+  // Gives back the unused tail of the last allocation.
+  void Release(wchar_t *usedEnd) { at_ = usedEnd; }
+
+  wchar_t first_[kFirstBlock];
+  wchar_t *at_;
+  wchar_t *end_;
+  std::vector<std::unique_ptr<wchar_t[]>> blocks_;
+};
+
+// The wide text as UTF-8 in `out`, as tolv::ToUtf8 gives it, reusing the
+// string's storage.
+void NarrowInto(const wchar_t *text, std::string &out) {
+  out.clear();
+  if (text == nullptr) return;
+  const wchar_t *p = text;
+  while (*p != 0 && static_cast<std::uint32_t>(*p) < 0x80) ++p;
+  if (*p == 0) {
+    out.assign(text, p);  // all ASCII
+    return;
+  }
+  out = tolv::ToUtf8(text);
+}
 
 // The XML Name production, with every character from U+0080 up taken as a
 // letter: good enough to keep the wrapper from writing a file it can't read
@@ -215,6 +349,49 @@ class StringWriter : public pugi::xml_writer {
   std::string &out_;
 };
 
+// The whole file in a buffer from pugixml's allocator, so that the document
+// can parse it in place and own it: the text is then held once, not copied
+// into a second buffer. The size is taken from the file, and the buffer
+// grows should the file grow while it is read. Null when it can't be read.
+char *ReadFileForPugixml(const std::string &posix, std::size_t &size) {
+  const int fd = ::open(posix.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return nullptr;
+  struct stat st;
+  if (::fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
+    ::close(fd);
+    return nullptr;
+  }
+  auto allocate = pugi::get_memory_allocation_function();
+  auto deallocate = pugi::get_memory_deallocation_function();
+  // One byte more than the file, so that reaching the end needs no growth.
+  std::size_t capacity = static_cast<std::size_t>(st.st_size > 0 ? st.st_size : 0) + 1;
+  char *buffer = static_cast<char *>(allocate(capacity));
+  std::size_t used = 0;
+  for (;;) {
+    if (buffer == nullptr) break;
+    if (used == capacity) {
+      char *bigger = static_cast<char *>(allocate(capacity * 2));
+      if (bigger != nullptr) std::memcpy(bigger, buffer, used);
+      deallocate(buffer);
+      buffer = bigger;
+      capacity *= 2;
+      continue;
+    }
+    const ssize_t n = ::read(fd, buffer + used, capacity - used);
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      deallocate(buffer);
+      buffer = nullptr;
+      break;
+    }
+    if (n == 0) break;
+    used += static_cast<std::size_t>(n);
+  }
+  ::close(fd);
+  size = used;
+  return buffer;
+}
+
 bool IsRegularFile(const std::string &posix) {
   struct stat st;
   return !posix.empty() && ::stat(posix.c_str(), &st) == 0 && S_ISREG(st.st_mode);
@@ -227,26 +404,45 @@ bool IsRegularFile(const std::string &posix) {
 
 struct KyUtXMLDOMNode::Impl {
   pugi::xml_node node;
-  // Attributes seen so far by index. Attributes are only ever added at the
-  // end or changed in place through this interface, so an index, once
-  // found, keeps naming the same attribute.
-  std::vector<pugi::xml_attribute> attributes;
-  // Wide copies of every text handed out; a set never moves its strings, so
-  // the pointers stay valid while the handle lives.
-  std::set<std::wstring> texts;
-
-  const wchar_t *Keep(std::wstring text) { return texts.insert(std::move(text)).first->c_str(); }
+  // The attribute last reached by index. Attributes are only ever added at
+  // the end or changed in place through this interface, so an index, once
+  // found, keeps naming the same attribute, and walking on from the last
+  // one reached makes reading them in order cost one step each.
+  pugi::xml_attribute cursor;
+  int cursorIndex = -1;
+  // The name GetAttributeName gave last and its attribute: asking for that
+  // name's value right after, as readers do, needs no search.
+  const wchar_t *lastName = nullptr;
+  pugi::xml_attribute lastNameAttribute;
+  // Every text handed out.
+  TextArena texts;
+  // UTF-8 scratch for names and values on their way in.
+  std::string scratch;
 
   pugi::xml_attribute AttributeAt(int index) {
     if (index < 0) return pugi::xml_attribute();
-    const auto wanted = static_cast<std::size_t>(index);
-    while (attributes.size() <= wanted) {
-      pugi::xml_attribute next =
-          attributes.empty() ? node.first_attribute() : attributes.back().next_attribute();
-      if (!next) return pugi::xml_attribute();
-      attributes.push_back(next);
+    if (cursorIndex < 0 || index < cursorIndex) {
+      cursor = node.first_attribute();
+      cursorIndex = 0;
     }
-    return attributes[wanted];
+    while (cursor && cursorIndex < index) {
+      cursor = cursor.next_attribute();
+      ++cursorIndex;
+    }
+    if (!cursor) {
+      cursorIndex = -1;
+      return pugi::xml_attribute();
+    }
+    return cursor;
+  }
+
+  // The first attribute of that wide name, as pugixml's lookup by the
+  // UTF-8 form finds it.
+  pugi::xml_attribute Find(const wchar_t *name) {
+    if (name == lastName && lastName != nullptr) return lastNameAttribute;
+    for (pugi::xml_attribute a = node.first_attribute(); a; a = a.next_attribute())
+      if (SameName(a.name(), name)) return a;
+    return pugi::xml_attribute();
   }
 };
 
@@ -281,13 +477,21 @@ struct KyUtXMLDOMAccess {
 KyUtXMLDOMNode::KyUtXMLDOMNode(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 KyUtXMLDOMNode::~KyUtXMLDOMNode() = default;
 
-const wchar_t *KyUtXMLDOMNode::GetNodeName() { return impl_->Keep(Widen(impl_->node.name())); }
+const wchar_t *KyUtXMLDOMNode::GetNodeName() { return impl_->texts.Keep(impl_->node.name()); }
 
 const wchar_t *KyUtXMLDOMNode::GetNodeValue() {
-  std::string text;
+  // The usual element has one piece of text: it is decoded where it lies.
+  pugi::xml_node only;
+  int pieces = 0;
+  for (pugi::xml_node c = impl_->node.first_child(); c; c = c.next_sibling())
+    if (IsTextNode(c) && ++pieces == 1) only = c;
+  if (pieces == 0) return L"";
+  if (pieces == 1) return impl_->texts.Keep(only.value());
+  std::string &text = impl_->scratch;
+  text.clear();
   for (pugi::xml_node c = impl_->node.first_child(); c; c = c.next_sibling())
     if (IsTextNode(c)) text += c.value();
-  return impl_->Keep(tolv::FromUtf8(text));
+  return impl_->texts.Keep(text.data(), text.size());
 }
 
 bool KyUtXMLDOMNode::SetNodeValue(const wchar_t *text) {
@@ -298,7 +502,8 @@ bool KyUtXMLDOMNode::SetNodeValue(const wchar_t *text) {
     if (IsTextNode(c)) node.remove_child(c);
     c = next;
   }
-  std::string utf8 = Narrow(text);
+  std::string &utf8 = impl_->scratch;
+  NarrowInto(text, utf8);
   if (utf8.empty()) return true;
   pugi::xml_node pcdata = node.prepend_child(pugi::node_pcdata);
   return pcdata && pcdata.set_value(utf8.c_str());
@@ -323,24 +528,35 @@ std::int32_t KyUtXMLDOMNode::GetAttributeNum() {
 }
 
 const wchar_t *KyUtXMLDOMNode::GetAttributeName(int index) {
-  return impl_->Keep(Widen(impl_->AttributeAt(index).name()));
+  pugi::xml_attribute a = impl_->AttributeAt(index);
+  if (!a) return L"";
+  const wchar_t *name = impl_->texts.Keep(a.name());
+  impl_->lastName = name;
+  impl_->lastNameAttribute = a;
+  return name;
 }
 
 const wchar_t *KyUtXMLDOMNode::GetAttributeValue(const wchar_t *name) {
-  if (!name) return impl_->Keep(std::wstring());
-  return impl_->Keep(Widen(impl_->node.attribute(Narrow(name).c_str()).value()));
+  if (!name) return L"";
+  pugi::xml_attribute a = impl_->Find(name);
+  return a ? impl_->texts.Keep(a.value()) : L"";
 }
 
 bool KyUtXMLDOMNode::SetAttributeValue(const wchar_t *name, const wchar_t *value) {
   if (impl_->node.type() != pugi::node_element || !IsXmlName(name)) return false;
-  std::string key = Narrow(name);
-  pugi::xml_attribute a = impl_->node.attribute(key.c_str());
-  if (!a) a = impl_->node.append_attribute(key.c_str());
-  return a && a.set_value(Narrow(value).c_str());
+  pugi::xml_attribute a = impl_->Find(name);
+  std::string &utf8 = impl_->scratch;
+  if (!a) {
+    NarrowInto(name, utf8);
+    a = impl_->node.append_attribute(utf8.c_str());
+  }
+  if (!a) return false;
+  NarrowInto(value, utf8);
+  return a.set_value(utf8.data(), utf8.size());
 }
 
 bool KyUtXMLDOMNode::IsAttributeExist(const wchar_t *name) {
-  return name && impl_->node.attribute(Narrow(name).c_str());
+  return name && impl_->Find(name);
 }
 
 _auto_ptr<KyUtXMLDOMNode> KyUtXMLDOMNode::AppendNode(const wchar_t *tag, const wchar_t *text,
@@ -432,8 +648,9 @@ KyUtXMLDOMFile::~KyUtXMLDOMFile() = default;
 
 bool KyUtXMLDOMFile::Open(const wchar_t *path) {
   if (!path || !*path) return false;
-  std::string bytes;
-  if (!tolv::ReadWholeFile(tolv::MapPath(path), bytes)) return false;
+  std::size_t size = 0;
+  char *bytes = ReadFileForPugixml(tolv::MapPath(path), size);
+  if (bytes == nullptr) return false;
 
   // Comments, processing instructions and the document type are kept so
   // that they survive a save. Text made only of blanks is kept where it is
@@ -445,7 +662,8 @@ bool KyUtXMLDOMFile::Open(const wchar_t *path) {
                          pugi::parse_pi | pugi::parse_doctype | pugi::parse_ws_pcdata_single |
                          pugi::parse_fragment;
   auto doc = std::make_unique<pugi::xml_document>();
-  pugi::xml_parse_result result = doc->load_buffer(bytes.data(), bytes.size(), flags, pugi::encoding_auto);
+  // The document takes the buffer over, whether the parse succeeds or not.
+  pugi::xml_parse_result result = doc->load_buffer_inplace_own(bytes, size, flags, pugi::encoding_auto);
   if (!result || !IsWellFormedTree(*doc)) return false;
 
   impl_->doc = std::move(doc);
