@@ -206,14 +206,16 @@ ULONGLONG AfxReadStringLength(CArchive &ar, int &charSize) {
 CArchive &operator<<(CArchive &ar, const CString &text) {
   std::u16string units = tolv::ToUtf16(text.str());
   AfxWriteStringLength(ar, units.size(), true);
-  std::string bytes(units.size() * 2, '\0');
-  for (std::size_t i = 0; i < units.size(); ++i) {
-    bytes[2 * i] = static_cast<char>(units[i] & 0xFF);
-    bytes[2 * i + 1] = static_cast<char>(units[i] >> 8);
-  }
-  for (std::size_t done = 0; done < bytes.size();) {
-    std::size_t n = bytes.size() - done < kMaxPiece ? bytes.size() - done : kMaxPiece;
-    ar.Write(bytes.data() + done, static_cast<UINT>(n));
+  // The units go out little-endian through a small buffer on the stack.
+  constexpr std::size_t kChunkUnits = 1024;
+  BYTE chunk[2 * kChunkUnits];
+  for (std::size_t done = 0; done < units.size();) {
+    const std::size_t n = units.size() - done < kChunkUnits ? units.size() - done : kChunkUnits;
+    for (std::size_t i = 0; i < n; ++i) {
+      chunk[2 * i] = static_cast<BYTE>(units[done + i] & 0xFF);
+      chunk[2 * i + 1] = static_cast<BYTE>(units[done + i] >> 8);
+    }
+    ar.Write(chunk, static_cast<UINT>(2 * n));
     done += n;
   }
   return ar;
@@ -221,11 +223,46 @@ CArchive &operator<<(CArchive &ar, const CString &text) {
 
 CArchive &operator<<(CArchive &ar, const wchar_t *text) { return ar << CString(text); }
 
+namespace {
+
+// The little-endian UTF-16 units of `bytes` as wide text.
+std::wstring WideFromUtf16Bytes(const BYTE *bytes, std::size_t units) {
+  // Short strings, nearly all of them, go through a buffer on the stack.
+  constexpr std::size_t kOnStack = 512;
+  char16_t onStack[kOnStack];
+  std::u16string onHeap;
+  char16_t *out = onStack;
+  if (units > kOnStack) {
+    onHeap.resize(units);
+    out = onHeap.data();
+  }
+  for (std::size_t i = 0; i < units; ++i)
+    out[i] = static_cast<char16_t>(bytes[2 * i] | (bytes[2 * i + 1] << 8));
+  return tolv::FromUtf16(std::u16string_view(out, units));
+}
+
+std::wstring WideFromBytes(const BYTE *bytes, std::size_t length, int charSize) {
+  if (charSize == 1) return tolv::FromGbk(std::string_view(reinterpret_cast<const char *>(bytes), length));
+  return WideFromUtf16Bytes(bytes, length);
+}
+
+}  // namespace
+
 CArchive &operator>>(CArchive &ar, CString &text) {
   int charSize = 1;
   ULONGLONG length = AfxReadStringLength(ar, charSize);
   if (length == 0) {
     text.Empty();
+    return ar;
+  }
+  // A string that lies whole in the buffer, as nearly every one does, is
+  // decoded from there: the stream plainly holds it, and asking the file
+  // how much is left would cost two system calls per string.
+  const ULONGLONG buffered = ar.end_ - ar.at_;
+  if (length <= buffered / static_cast<ULONGLONG>(charSize)) {
+    const BYTE *bytes = ar.buffer_.data() + ar.at_;
+    text = CString(WideFromBytes(bytes, static_cast<std::size_t>(length), charSize));
+    ar.at_ += static_cast<std::size_t>(length) * static_cast<std::size_t>(charSize);
     return ar;
   }
   // Checked before anything is allocated for it.
@@ -238,13 +275,6 @@ CArchive &operator>>(CArchive &ar, CString &text) {
     ar.Read(bytes.data() + done, static_cast<UINT>(n));
     done += n;
   }
-  if (charSize == 1) {
-    text = CString(tolv::FromGbk(bytes));
-    return ar;
-  }
-  std::u16string units(static_cast<std::size_t>(length), u'\0');
-  for (std::size_t i = 0; i < units.size(); ++i)
-    units[i] = static_cast<char16_t>(static_cast<BYTE>(bytes[2 * i]) | (static_cast<BYTE>(bytes[2 * i + 1]) << 8));
-  text = CString(tolv::FromUtf16(units));
+  text = CString(WideFromBytes(reinterpret_cast<const BYTE *>(bytes.data()), static_cast<std::size_t>(length), charSize));
   return ar;
 }

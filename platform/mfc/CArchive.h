@@ -124,6 +124,8 @@ class CArchive {
 
   void RequireFile() const;
   void WriteBuffer();
+  // Decodes strings straight from the buffer.
+  friend CArchive &operator>>(CArchive &ar, CString &text);
 
   CFile *file_;
   bool loading_;
