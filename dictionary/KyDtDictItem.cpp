@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "dictionary/KyDtDictOptionItem.h"
 #include "dictionary/KyDtDictStringItem.h"
@@ -232,10 +233,11 @@ void KyDtDictItem::ReadHeader(CArchive &ar) {
   ar >> count;
   // A hostile count costs nothing: each pair needs bytes that a short
   // stream doesn't have, and the reader throws at its end.
-  CString key;
-  CString value;
   for (std::int32_t i = 0; i < count; ++i) {
+    CString key;
+    CString value;
     ar >> key >> value;
-    m_pAttributes->insert_or_assign(key, value);
+    // Moved in: the text read is the text kept, with no copy.
+    m_pAttributes->insert_or_assign(std::move(key), std::move(value));
   }
 }
