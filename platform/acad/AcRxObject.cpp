@@ -13,9 +13,11 @@ struct ClassRegistry {
   std::map<std::wstring, AcRxClass *> byDxfName;  // upper-cased key
 };
 
+// Never destroyed: class records of other libraries may leave it at any
+// time, also during the process's exit.
 ClassRegistry &Registry() {
-  static ClassRegistry registry;
-  return registry;
+  static auto *registry = new ClassRegistry();
+  return *registry;
 }
 
 std::wstring Upper(const std::wstring &text) {
@@ -38,6 +40,18 @@ AcRxClass::AcRxClass(const wchar_t *name, AcRxClass *parent, Constructor constru
   std::lock_guard<std::mutex> lock(reg.mutex);
   reg.byName[name_] = this;
   if (!dxfName_.empty()) reg.byDxfName[Upper(dxfName_)] = this;
+}
+
+AcRxClass::~AcRxClass() {
+  // A library that is unloaded takes its classes with it.
+  ClassRegistry &reg = Registry();
+  std::lock_guard<std::mutex> lock(reg.mutex);
+  auto byName = reg.byName.find(name_);
+  if (byName != reg.byName.end() && byName->second == this) reg.byName.erase(byName);
+  if (!dxfName_.empty()) {
+    auto byDxf = reg.byDxfName.find(Upper(dxfName_));
+    if (byDxf != reg.byDxfName.end() && byDxf->second == this) reg.byDxfName.erase(byDxf);
+  }
 }
 
 bool AcRxClass::isDerivedFrom(const AcRxClass *other) const {

@@ -23,6 +23,7 @@ class AcRxClass {
   AcRxClass(const wchar_t *name, AcRxClass *parent, Constructor constructor = nullptr,
             const wchar_t *dxfName = nullptr, const wchar_t *appName = nullptr,
             int proxyFlags = 0);
+  ~AcRxClass();
   AcRxClass(const AcRxClass &) = delete;
   AcRxClass &operator=(const AcRxClass &) = delete;
 
