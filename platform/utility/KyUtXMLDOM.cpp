@@ -403,6 +403,10 @@ bool IsRegularFile(const std::string &posix) {
 // Implementation objects
 
 struct KyUtXMLDOMNode::Impl {
+  // Written out so that make_unique doesn't zero the arena's first block
+  // before every use.
+  Impl() {}
+
   pugi::xml_node node;
   // The attribute last reached by index. Attributes are only ever added at
   // the end or changed in place through this interface, so an index, once
