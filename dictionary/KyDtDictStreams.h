@@ -7,6 +7,8 @@
 // stream operator.
 #pragma once
 
+#include <cstdint>
+
 #include "platform/utility/AutoPtr.h"
 
 class CArchive;
@@ -15,7 +17,9 @@ class KyUtXMLDOMNode;
 
 struct KyDtDictStreams {
   static void WriteXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &node);
-  static void ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &node);
+  // Gives how many reference items it read: when there are none, a reader
+  // has no references to resolve.
+  static std::int32_t ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &node);
   static void WriteArchive(KyDtDictionary &root, CArchive &ar);
   // Reads behind the kind number. On an exception the children read so far
   // stay in their dictionaries, and nothing is leaked.

@@ -96,7 +96,7 @@ void KyDtDictStreams::WriteXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &
   }
 }
 
-void KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &node) {
+std::int32_t KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &node) {
   struct Frame {
     Frame(KyDtDictionary *d, KyUtXMLDOMNode &element) : dict(d), collector(*d) {
       children = element.GetChildrenNodes();
@@ -112,6 +112,9 @@ void KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &n
   root.Reset();
   std::vector<std::unique_ptr<Frame>> frames;
   frames.push_back(std::make_unique<Frame>(&root, *node));
+  // Every item below is made here, values by kind and dictionaries as plain
+  // ones, so this count misses none.
+  std::int32_t references = 0;
   try {
     while (!frames.empty()) {
       Frame &frame = *frames.back();
@@ -127,6 +130,7 @@ void KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &n
       const wchar_t *tag = element->GetNodeName();
       const int kind = KindOfTag(tag);
       if (kind != KyDtDictItem::DT_DICT) {
+        if (kind == KyDtDictItem::DT_REFERENCE) ++references;
         std::unique_ptr<KyDtDictItem> item(CreateDictItem(kind));
         *item << element;
         frame.collector.Add(item.release());
@@ -154,6 +158,7 @@ void KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &n
     }
     throw;
   }
+  return references;
 }
 
 // ---- Dictionary operators and files ----
@@ -168,8 +173,15 @@ bool KyDtDictionary::ReadFromXML(const wchar_t *path) {
   _auto_ptr<KyUtXMLDOMNode> root = document.GetRoot();
   if (!root || std::wcscmp(root->GetNodeName(), kRootName) != 0) return false;
   m_nAutoSort = CString(L"TRUE").Compare(root->GetAttributeValue(L"autosort")) == 0 ? 1 : 0;
-  *this << root;
-  TranslateRef();
+  if (typeid(*this) != typeid(KyDtDictionary)) {
+    // A derived class reads through its own operator.
+    *this << root;
+    TranslateRef();
+    return true;
+  }
+  // Reading replaces every child, so with no reference read there is
+  // nothing to resolve, and the walk over the whole tree is saved.
+  if (KyDtDictStreams::ReadXml(*this, root) > 0) TranslateRef();
   return true;
 }
 
