@@ -309,6 +309,93 @@ void PrintPeak(const char *what, const PeakMemory &peak, double fileMb) {
   std::printf("  %-34s %8.1f MB  = %5.2f x file%s\n", what, grownMb, grownMb / fileMb, peak.ok ? "" : "  (FAILED)");
 }
 
+// ---- Where the tree's bytes go ----
+
+// The heap chunk glibc gives for a request of n bytes: an 8-byte header,
+// 16-byte granules, 32 bytes at least.
+std::size_t Chunk(std::size_t n) { return std::max<std::size_t>(32, (n + 8 + 15) & ~std::size_t{15}); }
+
+// The heap a wide string holds beyond its own object: nothing while the
+// text fits in the object (three characters with libstdc++).
+std::size_t TextHeap(const CString &text) {
+  const std::wstring &s = text.str();
+  const auto *object = reinterpret_cast<const char *>(&s);
+  const auto *data = reinterpret_cast<const char *>(s.data());
+  if (data >= object && data < object + sizeof s) return 0;
+  return Chunk((s.capacity() + 1) * sizeof(wchar_t));
+}
+
+struct TreeBytes {
+  std::int64_t items = 0;
+  std::int64_t attributes = 0;
+  std::size_t objects = 0;      // the item objects themselves
+  std::size_t fieldText = 0;    // name, local name, comment
+  std::size_t valueText = 0;    // the values of string items
+  std::size_t bags = 0;         // the map objects
+  std::size_t bagNodes = 0;     // one tree node per attribute
+  std::size_t keyText = 0;      // the attribute keys' text
+  std::size_t bagValueText = 0; // the attribute values' text
+  std::size_t Sum() const { return objects + fieldText + valueText + bags + bagNodes + keyText + bagValueText; }
+};
+
+TreeBytes CountTreeBytes(KyDtDictionary &root) {
+  // A map node: the tree links (colour, parent, left, right) and the pair.
+  constexpr std::size_t kNodeBytes = 4 * sizeof(void *) + sizeof(std::pair<const CString, CString>);
+  TreeBytes bytes;
+  std::vector<KyDtDictionary *> pending{&root};
+  while (!pending.empty()) {
+    KyDtDictionary *dict = pending.back();
+    pending.pop_back();
+    for (KyDtDictItem *const *slot = dict->GetFirst(); slot != nullptr; slot = dict->GetNext(slot)) {
+      KyDtDictItem *item = *slot;
+      ++bytes.items;
+      bytes.objects += Chunk(::malloc_usable_size(dynamic_cast<void *>(item)));
+      bytes.fieldText += TextHeap(item->m_strName) + TextHeap(item->m_strLocalName) + TextHeap(item->m_strComment);
+      if (auto *text = dynamic_cast<KyDtDictStringItem *>(item)) bytes.valueText += TextHeap(text->m_value);
+      bytes.bags += Chunk(sizeof(KyDtAttributeMap));
+      for (const auto &[key, value] : *item->m_pAttributes) {
+        ++bytes.attributes;
+        bytes.bagNodes += Chunk(kNodeBytes);
+        bytes.keyText += TextHeap(key);
+        bytes.bagValueText += TextHeap(value);
+      }
+      if (item->IsDict()) pending.push_back(static_cast<KyDtDictionary *>(item));
+    }
+  }
+  return bytes;
+}
+
+// Heap in use by the process, as the allocator counts it.
+std::size_t HeapInUse() { return ::mallinfo2().uordblks; }
+
+// Reads the package in this process, keeps the tree, and prints the heap
+// it holds against the bytes accounted for by kind, per item.
+void PrintTreeBreakdown(double fileBytes) {
+  ::malloc_trim(0);
+  const std::size_t before = HeapInUse();
+  auto dict = std::make_unique<KyDtDictionary>();
+  dict->ReadFromXML(Wide(TheFiles().package).c_str());
+  ::malloc_trim(0);
+  const std::size_t measured = HeapInUse() - before;
+  const TreeBytes b = CountTreeBytes(*dict);
+  const double n = static_cast<double>(b.items);
+  std::printf("Heap held by the tree after ReadFromXML: %.1f MB = %.2f x file, %.0f bytes per item "
+              "(%lld items, %.2f attributes each)\n",
+              measured / 1048576.0, measured / fileBytes, measured / n, static_cast<long long>(b.items),
+              static_cast<double>(b.attributes) / n);
+  auto line = [n](const char *what, std::size_t bytes) {
+    std::printf("  %-44s %7.0f bytes per item\n", what, static_cast<double>(bytes) / n);
+  };
+  line("item objects", b.objects);
+  line("name / local name / comment text", b.fieldText);
+  line("string values' text", b.valueText);
+  line("attribute maps (the map objects)", b.bags);
+  line("attribute map nodes", b.bagNodes);
+  line("attribute keys' text", b.keyText);
+  line("attribute values' text", b.bagValueText);
+  line("child lists and the rest (measured - above)", measured > b.Sum() ? measured - b.Sum() : 0);
+}
+
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -385,5 +472,6 @@ int main(int argc, char **argv) {
   PrintPeak("ReadFromXML", readPeak, fileMb);
   PrintPeak("tree kept after ReadFromXML", treePeak, fileMb);
   PrintPeak("archive Read", archivePeak, fileMb);
+  PrintTreeBreakdown(static_cast<double>(TheFiles().packageBytes));
   return 0;
 }
