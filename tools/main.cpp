@@ -25,6 +25,7 @@ const char kUsage[] =
     "  host    act as the CAD host for the TolvDataBase module\n"
     "\n"
     "tolv host [--module FILE] [--main-dir DIR] [--script FILE] [--cycles N]\n"
+    "          [--drawing FILE] [--save-on-quit]\n"
     "\n"
     "  Loads the module with the host's messages in their order: kInitAppMsg\n"
     "  (the module registers its commands and reads config.xml and\n"
@@ -35,6 +36,8 @@ const char kUsage[] =
     "    NAME          run the command NAME, e.g. KyPrj\n"
     "    (NAME)        invoke the Lisp function NAME and print its result,\n"
     "                  e.g. (_KyGetAutoBreak) or (_KySetDimAdjustMode)\n"
+    "    SAVE          save the document's drawing under its name\n"
+    "    SAVEAS FILE   save the drawing as FILE, the name it keeps from then on\n"
     "    QUIT, EXIT    end the input (so does the end of the input)\n"
     "    ; text        a comment\n"
     "\n"
@@ -58,6 +61,12 @@ const char kUsage[] =
     "  --cycles N      run the whole session N times in this one process:\n"
     "                  load, start, document, script, stop, unload (default 1).\n"
     "                  The script is read again for every cycle.\n"
+    "  --drawing FILE  the document's drawing: read from FILE when it exists\n"
+    "                  (a \".dwg\" name is read from its \".dxf\" sibling), else\n"
+    "                  a new drawing to be saved there. Drawings are DXF files\n"
+    "                  (release 2000). Default: a new drawing without a name.\n"
+    "  --save-on-quit  save the drawing under its name before the document\n"
+    "                  closes\n"
     "  --help          this text\n"
     "\n"
     "  Exit status: 0 when all went well, 1 when the module could not be\n"
@@ -67,6 +76,8 @@ const char kUsage[] =
 struct HostOptions {
   std::string module = ModuleLoader::DefaultModulePath();
   std::string script;
+  std::string drawing;
+  bool saveOnQuit = false;
   int cycles = 1;
 };
 
@@ -75,7 +86,10 @@ struct HostOptions {
 int RunSession(const HostOptions &options) {
   HostSession session;
   if (!session.Start(options.module)) return 1;
-  session.OpenDocument();
+  if (!session.OpenDocument(options.drawing)) {
+    session.Stop();
+    return 1;
+  }
 
   int lineErrors = 0;
   if (options.script.empty()) {
@@ -91,6 +105,7 @@ int RunSession(const HostOptions &options) {
     }
   }
 
+  if (options.saveOnQuit && !session.SaveDrawing()) ++lineErrors;
   session.CloseDocument();
   session.Stop();
   if (session.failures()) return 1;
@@ -108,6 +123,10 @@ int RunHost(const std::vector<std::string> &args) {
       ::setenv("TOLV_MAIN_DIR", args[++i].c_str(), 1);
     } else if (a == "--script" && hasValue) {
       options.script = args[++i];
+    } else if (a == "--drawing" && hasValue) {
+      options.drawing = args[++i];
+    } else if (a == "--save-on-quit") {
+      options.saveOnQuit = true;
     } else if (a == "--cycles" && hasValue) {
       options.cycles = std::atoi(args[++i].c_str());
       if (options.cycles < 1) {

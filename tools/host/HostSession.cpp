@@ -2,8 +2,11 @@
 
 #include "host/HostOutput.h"
 #include "platform/acad/AcEdCommandStack.h"
+#include "platform/acad/HostDocument.h"
 #include "platform/acad/AcRxDynamicLinker.h"
 #include "platform/acad/AcRxRegistry.h"
+#include "platform/windows/PathMap.h"
+#include "platform/windows/TextCodec.h"
 
 namespace {
 
@@ -34,18 +37,51 @@ bool HostSession::Start(const std::string &modulePath) {
   return true;
 }
 
-void HostSession::OpenDocument() {
+bool HostSession::OpenDocument(const std::string &drawing) {
+  if (drawing.empty()) {
+    tolv::NewDocument();
+  } else {
+    Acad::ErrorStatus es = tolv::OpenDocument(tolv::ToSystemPath(drawing));
+    if (es != Acad::eOk) {
+      HostLine("cannot open the drawing " + drawing + ": " + tolv::ToUtf8(acadErrorStatusText(es)));
+      ++failures_;
+      return false;
+    }
+  }
   document_ = tolv::LispHost::Instance().OpenDocument();
-  // AWAITS drawings: the document's drawing database (empty, or read from
-  // the file of --drawing) is made the working database here.
-  HostLine("document " + std::to_string(document_) + " opened");
+  std::wstring name = tolv::DocumentPath();
+  HostLine("document " + std::to_string(document_) + " opened" +
+           (name.empty() ? std::string()
+                         : " with the drawing " + tolv::MapPath(tolv::DrawingSavePath(name))));
   Send(AcRx::kLoadDwgMsg, "kLoadDwgMsg");
+  return true;
+}
+
+bool HostSession::SaveDrawing() {
+  Acad::ErrorStatus es = tolv::SaveDocument();
+  if (es == Acad::eInvalidInput) {
+    HostLine("the drawing has no name yet: use SAVEAS");
+    return false;
+  }
+  return Report(es, tolv::DocumentPath());
+}
+
+bool HostSession::SaveDrawingAs(const std::wstring &path) { return Report(tolv::SaveDocumentAs(path), path); }
+
+bool HostSession::Report(Acad::ErrorStatus es, const std::wstring &path) {
+  if (es != Acad::eOk) {
+    HostLine("cannot save the drawing: " + tolv::ToUtf8(acadErrorStatusText(es)));
+    return false;
+  }
+  HostLine("drawing saved to " + tolv::MapPath(tolv::DrawingSavePath(path)));
+  return true;
 }
 
 void HostSession::CloseDocument() {
   if (!document_) return;
   Send(AcRx::kUnloadDwgMsg, "kUnloadDwgMsg");
   tolv::LispHost::Instance().CloseDocument(document_);
+  tolv::CloseDocument();
   HostLine("document " + std::to_string(document_) + " closed");
   document_ = 0;
 }

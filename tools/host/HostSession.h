@@ -7,6 +7,7 @@
 
 #include "host/ModuleLoader.h"
 #include "platform/acad/AcEdLisp.h"
+#include "platform/acad/AcadErrorStatus.h"
 
 class HostSession {
  public:
@@ -18,11 +19,20 @@ class HostSession {
   // Loads the module and sends it kInitAppMsg. False (with the reason
   // printed) when the module can't be loaded.
   bool Start(const std::string &modulePath);
-  // Opens a new document and sends kLoadDwgMsg, so the module defines its
-  // Lisp functions in it.
-  void OpenDocument();
+  // Opens a document and sends kLoadDwgMsg, so the module defines its Lisp
+  // functions in it. Its drawing is read from `drawing` (a POSIX path) when
+  // that file exists, a new drawing to be saved there when it doesn't, and
+  // a new unnamed drawing when the path is empty. The drawing is the
+  // working database. False, with the reason printed, when the file can't
+  // be read: no document is then open.
+  bool OpenDocument(const std::string &drawing = std::string());
   // Sends kUnloadDwgMsg and closes the document.
   void CloseDocument();
+
+  // Saves the document's drawing under its name, or under a new one that
+  // it keeps (a system path). False, with the reason printed, on failure.
+  bool SaveDrawing();
+  bool SaveDrawingAs(const std::wstring &path);
   // Sends kUnloadAppMsg and unloads the module.
   void Stop();
 
@@ -37,6 +47,7 @@ class HostSession {
 
  private:
   void Send(AcRx::AppMsgCode msg, const char *name);
+  bool Report(Acad::ErrorStatus es, const std::wstring &path);
 
   ModuleLoader loader_;
   void *appId_ = nullptr;

@@ -7,6 +7,7 @@
 
 #include "host/HostOutput.h"
 #include "host/HostSession.h"
+#include "platform/windows/PathMap.h"
 #include "platform/windows/TextCodec.h"
 
 namespace {
@@ -44,10 +45,23 @@ bool ScriptRunner::ServeLine(const std::string &raw) {
   if (line.empty() || line[0] == ';') return true;
   if (!interactive_) CommandLine(std::string(kPrompt) + line + "\n");
 
-  // The host's own words come first. The drawing lines (SAVE, SAVEAS) take
-  // their place here once documents hold drawings.
+  // The host's own words come first.
   const std::string word = Upper(line);
   if (word == "QUIT" || word == "EXIT") return false;
+  if (word == "SAVE") {
+    if (!session_.SaveDrawing()) ++errors_;
+    return true;
+  }
+  if (word.rfind("SAVEAS", 0) == 0 && (word.size() == 6 || word[6] == ' ' || word[6] == '\t')) {
+    const std::string path = Trim(line.substr(6));
+    if (path.empty()) {
+      CommandLine("; error: SAVEAS needs a file name\n");
+      ++errors_;
+    } else if (!session_.SaveDrawingAs(tolv::ToSystemPath(path))) {
+      ++errors_;
+    }
+    return true;
+  }
 
   if (line[0] == '(') {
     ServeLisp(line);

@@ -4,6 +4,8 @@
 //   NAME            runs the command of that name (a leading "_" or "." is
 //                   dropped, as the host's command line does)
 //   (NAME)          invokes the Lisp function and prints its result
+//   SAVE            saves the document's drawing under its name
+//   SAVEAS FILE     saves it as FILE (a POSIX path), the name it keeps
 //   QUIT or EXIT    ends the input; so does its end
 //   ; text          a comment; blank lines are passed over as well
 //
