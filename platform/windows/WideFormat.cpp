@@ -27,31 +27,31 @@ class Formatter {
   explicit Formatter(FILE *out) : out_(out) {}
 
   template <typename T>
-  void Put(const std::wstring &spec, T value) {
-    if (stars_ == 0) std::fwprintf(out_, spec.c_str(), value);
-    else if (stars_ == 1) std::fwprintf(out_, spec.c_str(), star_[0], value);
-    else std::fwprintf(out_, spec.c_str(), star_[0], star_[1], value);
+  void Put(const std::wstring &directive, T value) {
+    if (stars_ == 0) std::fwprintf(out_, directive.c_str(), value);
+    else if (stars_ == 1) std::fwprintf(out_, directive.c_str(), star_[0], value);
+    else std::fwprintf(out_, directive.c_str(), star_[0], star_[1], value);
   }
 
   // Reads one conversion starting after its '%' and prints it; gives the
   // position after it.
   const wchar_t *Convert(const wchar_t *p, va_list &args) {
-    std::wstring spec = L"%";
+    std::wstring directive = L"%";
     stars_ = 0;
-    while (*p && std::wcschr(L"-+ #0", *p)) spec += *p++;
+    while (*p && std::wcschr(L"-+ #0", *p)) directive += *p++;
     if (*p == L'*') {
       star_[stars_++] = va_arg(args, int);
-      spec += *p++;
+      directive += *p++;
     } else {
-      while (*p >= L'0' && *p <= L'9') spec += *p++;
+      while (*p >= L'0' && *p <= L'9') directive += *p++;
     }
     if (*p == L'.') {
-      spec += *p++;
+      directive += *p++;
       if (*p == L'*') {
         star_[stars_++] = va_arg(args, int);
-        spec += *p++;
+        directive += *p++;
       } else {
-        while (*p >= L'0' && *p <= L'9') spec += *p++;
+        while (*p >= L'0' && *p <= L'9') directive += *p++;
       }
     }
 
@@ -113,7 +113,7 @@ class Formatter {
       case L'x':
       case L'X':
       case L'o':
-        PutInteger(spec, conv, size, args);
+        PutInteger(directive, conv, size, args);
         break;
       case L'e':
       case L'E':
@@ -123,7 +123,7 @@ class Formatter {
       case L'G':
       case L'a':
       case L'A':
-        Put(spec + conv, va_arg(args, double));
+        Put(directive + conv, va_arg(args, double));
         break;
       case L's':
       case L'S': {
@@ -136,7 +136,7 @@ class Formatter {
           const wchar_t *s = va_arg(args, const wchar_t *);
           text = s ? s : L"(null)";
         }
-        Put(spec + L"ls", text.c_str());
+        Put(directive + L"ls", text.c_str());
         break;
       }
       case L'c':
@@ -150,11 +150,11 @@ class Formatter {
         } else {
           ch = static_cast<wint_t>(va_arg(args, int));
         }
-        Put(spec + L"lc", ch);
+        Put(directive + L"lc", ch);
         break;
       }
       case L'p':
-        Put(spec + L'p', va_arg(args, void *));
+        Put(directive + L'p', va_arg(args, void *));
         break;
       case L'n':
         // Writing through an argument is disabled on the home platform.
@@ -164,7 +164,7 @@ class Formatter {
         std::fputwc(L'%', out_);
         break;
       default:  // not a conversion: the text stands as written
-        std::fputws(spec.c_str(), out_);
+        std::fputws(directive.c_str(), out_);
         std::fputwc(conv, out_);
         break;
     }
@@ -172,23 +172,23 @@ class Formatter {
   }
 
  private:
-  void PutInteger(const std::wstring &spec, wchar_t conv, IntSize size, va_list &args) {
+  void PutInteger(const std::wstring &directive, wchar_t conv, IntSize size, va_list &args) {
     bool isSigned = conv == L'd' || conv == L'i';
     switch (size) {
       case IntSize::kLongLong:
       case IntSize::kPointer:
-        if (isSigned) Put(spec + L"ll" + conv, va_arg(args, long long));
-        else Put(spec + L"ll" + conv, va_arg(args, unsigned long long));
+        if (isSigned) Put(directive + L"ll" + conv, va_arg(args, long long));
+        else Put(directive + L"ll" + conv, va_arg(args, unsigned long long));
         break;
       case IntSize::kShort:
-        Put(spec + L"h" + conv, va_arg(args, int));
+        Put(directive + L"h" + conv, va_arg(args, int));
         break;
       case IntSize::kChar:
-        Put(spec + L"hh" + conv, va_arg(args, int));
+        Put(directive + L"hh" + conv, va_arg(args, int));
         break;
       case IntSize::kInt:
-        if (isSigned) Put(spec + conv, va_arg(args, int));
-        else Put(spec + conv, va_arg(args, unsigned));
+        if (isSigned) Put(directive + conv, va_arg(args, int));
+        else Put(directive + conv, va_arg(args, unsigned));
         break;
     }
   }
