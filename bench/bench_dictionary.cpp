@@ -29,6 +29,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include <pugixml.hpp>
@@ -350,14 +351,11 @@ PairedRatio MeasurePairedRatio(int rounds) {
 // 16-byte granules, 32 bytes at least.
 std::size_t Chunk(std::size_t n) { return std::max<std::size_t>(32, (n + 8 + 15) & ~std::size_t{15}); }
 
-// The heap a wide string holds beyond its own object: nothing while the
-// text fits in the object (three characters with libstdc++).
-std::size_t TextHeap(const CString &text) {
-  const std::wstring &s = text.str();
-  const auto *object = reinterpret_cast<const char *>(&s);
-  const auto *data = reinterpret_cast<const char *>(s.data());
-  if (data >= object && data < object + sizeof s) return 0;
-  return Chunk((s.capacity() + 1) * sizeof(wchar_t));
+// The heap a string's buffer takes, counted once however many strings
+// share it; the empty text has no buffer.
+std::size_t TextHeap(const CString &text, std::unordered_set<const wchar_t *> &seen) {
+  if (text.IsEmpty() || !seen.insert(text.GetString()).second) return 0;
+  return Chunk(sizeof(tolv::CStringData) + (static_cast<std::size_t>(text.GetLength()) + 1) * sizeof(wchar_t));
 }
 
 struct TreeBytes {
@@ -377,6 +375,7 @@ TreeBytes CountTreeBytes(KyDtDictionary &root) {
   // A map node: the tree links (colour, parent, left, right) and the pair.
   constexpr std::size_t kNodeBytes = 4 * sizeof(void *) + sizeof(std::pair<const CString, CString>);
   TreeBytes bytes;
+  std::unordered_set<const wchar_t *> seen;
   std::vector<KyDtDictionary *> pending{&root};
   while (!pending.empty()) {
     KyDtDictionary *dict = pending.back();
@@ -385,14 +384,14 @@ TreeBytes CountTreeBytes(KyDtDictionary &root) {
       KyDtDictItem *item = *slot;
       ++bytes.items;
       bytes.objects += Chunk(::malloc_usable_size(dynamic_cast<void *>(item)));
-      bytes.fieldText += TextHeap(item->m_strName) + TextHeap(item->m_strLocalName) + TextHeap(item->m_strComment);
-      if (auto *text = dynamic_cast<KyDtDictStringItem *>(item)) bytes.valueText += TextHeap(text->m_value);
+      bytes.fieldText += TextHeap(item->m_strName, seen) + TextHeap(item->m_strLocalName, seen) + TextHeap(item->m_strComment, seen);
+      if (auto *text = dynamic_cast<KyDtDictStringItem *>(item)) bytes.valueText += TextHeap(text->m_value, seen);
       bytes.bags += Chunk(sizeof(KyDtAttributeMap));
       for (const auto &[key, value] : *item->m_pAttributes) {
         ++bytes.attributes;
         bytes.bagNodes += Chunk(kNodeBytes);
-        bytes.keyText += TextHeap(key);
-        bytes.bagValueText += TextHeap(value);
+        bytes.keyText += TextHeap(key, seen);
+        bytes.bagValueText += TextHeap(value, seen);
       }
       if (item->IsDict()) pending.push_back(static_cast<KyDtDictionary *>(item));
     }

@@ -9,10 +9,10 @@
 
 namespace {
 
-std::size_t HashName(const KyDtDictItem &item) { return std::hash<std::wstring_view>()(item.m_strName.str()); }
+std::size_t HashName(const KyDtDictItem &item) { return std::hash<std::wstring_view>()(item.m_strName.view()); }
 
 int CompareNarrow(const KyDtDictItem *a, const KyDtDictItem *b) {
-  return tolv::CompareGbk(a->m_strName.str(), b->m_strName.str());
+  return tolv::CompareGbk(a->m_strName.view(), b->m_strName.view());
 }
 
 }  // namespace
@@ -69,7 +69,7 @@ void KyDtDictChildCollector::AppendOwned(KyDtDictItem *item) {
 KyDtDictChildCollector::Slot &KyDtDictChildCollector::Probe(const KyDtDictItem &item) {
   const std::size_t mask = table_.size() - 1;
   std::size_t i = HashName(item) & mask;
-  while (table_[i].item != nullptr && table_[i].item->m_strName.str() != item.m_strName.str()) i = (i + 1) & mask;
+  while (table_[i].item != nullptr && table_[i].item->m_strName.view() != item.m_strName.view()) i = (i + 1) & mask;
   return table_[i];
 }
 

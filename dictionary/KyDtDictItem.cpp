@@ -122,7 +122,7 @@ void KyDtDictItem::GetAllAttribute(KyDList<CString> &keys, KyDList<CString> &val
 // ---- Order and comparison ----
 
 bool KyDtDictItem::operator>(const KyDtDictItem &other) const {
-  return tolv::CompareGbk(m_strName.str(), other.m_strName.str()) > 0;
+  return tolv::CompareGbk(m_strName.view(), other.m_strName.view()) > 0;
 }
 
 int KyDtDictItem::CompareWith(const KyDtDictItem &other) const {

@@ -5,7 +5,7 @@
 #include "dictionary/KyDtDictionary.h"
 
 KyDtDictPath::KyDtDictPath(const CString &path) {
-  const std::wstring_view text = path.str();
+  const std::wstring_view text = path.view();
   std::size_t start = 0;
   for (;;) {
     const std::size_t end = text.find(L'\\', start);

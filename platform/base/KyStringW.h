@@ -10,7 +10,7 @@ class KyStringW {
  public:
   KyStringW() = default;
   KyStringW(const wchar_t *text) : s_(text ? text : L"") {}
-  KyStringW(const CString &text) : s_(text.str()) {}
+  KyStringW(const CString &text) : s_(text.view()) {}
   KyStringW(const std::wstring &text) : s_(text) {}
 
   int GetLength() const { return static_cast<int>(s_.size()); }

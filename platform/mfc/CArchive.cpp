@@ -204,7 +204,7 @@ ULONGLONG AfxReadStringLength(CArchive &ar, int &charSize) {
 }
 
 CArchive &operator<<(CArchive &ar, const CString &text) {
-  std::u16string units = tolv::ToUtf16(text.str());
+  std::u16string units = tolv::ToUtf16(text.view());
   AfxWriteStringLength(ar, units.size(), true);
   // The units go out little-endian through a small buffer on the stack.
   constexpr std::size_t kChunkUnits = 1024;

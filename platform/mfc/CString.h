@@ -1,48 +1,69 @@
 // The wide string of the system: the subset of MFC's CStringW that the
 // add-on uses, with its semantics (ordinal compares, 0-based indices, -1 for
 // "not found", conversions from narrow text in code page 936).
+//
+// As MFC's, the object is one pointer to the characters, and copies share
+// one reference-counted buffer until one of them changes: a tree of
+// settings copies names and values freely, and the shared text is held
+// once. A buffer that is shared is never written; every change first makes
+// the string's buffer its own.
 #pragma once
 
+#include <atomic>
 #include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+namespace tolv {
+
+// The header in front of the characters of every string buffer.
+struct CStringData {
+  std::atomic<std::int32_t> refs;
+  std::int32_t length;
+  std::int32_t capacity;  // characters, not counting the closing null
+  wchar_t *chars() { return reinterpret_cast<wchar_t *>(this + 1); }
+};
+
+// The one buffer of every empty string; it is never freed or written.
+struct CStringEmptyBuffer {
+  CStringData header;
+  wchar_t nul[1];
+};
+extern CStringEmptyBuffer g_emptyCString;
+
+}  // namespace tolv
+
 class CString {
  public:
-  CString() = default;
-  CString(const wchar_t *text) : s_(text ? text : L"") {}
-  CString(const wchar_t *text, int length) : s_(text ? std::wstring(text, length > 0 ? length : 0) : std::wstring()) {}
+  CString() noexcept : p_(EmptyChars()) {}
+  CString(const wchar_t *text);
+  CString(const wchar_t *text, int length);
   // Narrow text is taken as code page 936.
   CString(const char *text);
   CString(const char *text, int length);
-  explicit CString(wchar_t ch, int repeat = 1) : s_(repeat > 0 ? repeat : 0, ch) {}
-  CString(const std::wstring &text) : s_(text) {}
-  CString(std::wstring &&text) : s_(std::move(text)) {}
-  CString(std::wstring_view text) : s_(text) {}
-  CString(const CString &) = default;
-  CString(CString &&) noexcept = default;
-  CString &operator=(const CString &) = default;
-  CString &operator=(CString &&) noexcept = default;
-  CString &operator=(const wchar_t *text) {
-    s_ = text ? text : L"";
-    return *this;
-  }
+  explicit CString(wchar_t ch, int repeat = 1);
+  CString(const std::wstring &text) : CString(std::wstring_view(text)) {}
+  CString(std::wstring_view text);
+  CString(const CString &other) noexcept : p_(other.p_) { AddRef(); }
+  CString(CString &&other) noexcept : p_(other.p_) { other.p_ = EmptyChars(); }
+  ~CString() { Release(); }
+  CString &operator=(const CString &other) noexcept;
+  CString &operator=(CString &&other) noexcept;
+  CString &operator=(const wchar_t *text);
   CString &operator=(const char *text);
-  CString &operator=(wchar_t ch) {
-    s_.assign(1, ch);
-    return *this;
-  }
+  CString &operator=(wchar_t ch);
 
-  int GetLength() const { return static_cast<int>(s_.size()); }
-  bool IsEmpty() const { return s_.empty(); }
-  void Empty() { s_.clear(); }
-  wchar_t GetAt(int index) const { return s_[static_cast<std::size_t>(index)]; }
-  void SetAt(int index, wchar_t ch) { s_[static_cast<std::size_t>(index)] = ch; }
+  int GetLength() const { return Data()->length; }
+  bool IsEmpty() const { return Data()->length == 0; }
+  void Empty();
+  wchar_t GetAt(int index) const { return p_[index]; }
+  void SetAt(int index, wchar_t ch);
   wchar_t operator[](int index) const { return GetAt(index); }
-  const wchar_t *GetString() const { return s_.c_str(); }
-  operator const wchar_t *() const { return s_.c_str(); }
+  const wchar_t *GetString() const { return p_; }
+  operator const wchar_t *() const { return p_; }
 
   // Ordinal compare of the wide characters: <0, 0 or >0.
   int Compare(const wchar_t *other) const;
@@ -89,45 +110,58 @@ class CString {
   void Format(const wchar_t *format, ...);
   void AppendFormat(const wchar_t *format, ...);
 
-  // A writable buffer of at least minLength characters; ReleaseBuffer takes
-  // the new length (or, with -1, the length up to the first null).
+  // A writable buffer of at least minLength characters, the buffer of this
+  // string alone; ReleaseBuffer takes the new length (or, with -1, the
+  // length up to the first null).
   wchar_t *GetBuffer(int minLength = 0);
   wchar_t *GetBufferSetLength(int length);
   void ReleaseBuffer(int newLength = -1);
 
-  CString &operator+=(const CString &other) {
-    s_ += other.s_;
-    return *this;
-  }
-  CString &operator+=(const wchar_t *text) {
-    if (text) s_ += text;
-    return *this;
-  }
-  CString &operator+=(wchar_t ch) {
-    s_ += ch;
-    return *this;
-  }
+  CString &operator+=(const CString &other) { return Append(other.view()); }
+  CString &operator+=(const wchar_t *text) { return text ? Append(std::wstring_view(text)) : *this; }
+  CString &operator+=(wchar_t ch) { return Append(std::wstring_view(&ch, 1)); }
   CString &operator+=(const char *text) { return *this += CString(text); }
 
-  friend CString operator+(const CString &a, const CString &b) { return CString(a.s_ + b.s_); }
-  friend CString operator+(const CString &a, const wchar_t *b) { return CString(a.s_ + (b ? b : L"")); }
-  friend CString operator+(const wchar_t *a, const CString &b) { return CString((a ? a : L"") + b.s_); }
-  friend CString operator+(const CString &a, wchar_t b) { return CString(a.s_ + b); }
-  friend CString operator+(wchar_t a, const CString &b) { return CString(a + b.s_); }
+  friend CString operator+(const CString &a, const CString &b) { return Concat(a.view(), b.view()); }
+  friend CString operator+(const CString &a, const wchar_t *b) { return Concat(a.view(), b ? b : L""); }
+  friend CString operator+(const wchar_t *a, const CString &b) { return Concat(a ? a : L"", b.view()); }
+  friend CString operator+(const CString &a, wchar_t b) { return Concat(a.view(), std::wstring_view(&b, 1)); }
+  friend CString operator+(wchar_t a, const CString &b) { return Concat(std::wstring_view(&a, 1), b.view()); }
 
-  friend bool operator==(const CString &a, const CString &b) { return a.s_ == b.s_; }
+  friend bool operator==(const CString &a, const CString &b) { return a.p_ == b.p_ || a.view() == b.view(); }
   friend bool operator==(const CString &a, const wchar_t *b) { return a.Compare(b) == 0; }
-  friend std::strong_ordering operator<=>(const CString &a, const CString &b) { return a.s_ <=> b.s_; }
+  friend std::strong_ordering operator<=>(const CString &a, const CString &b) { return a.view() <=> b.view(); }
   friend std::strong_ordering operator<=>(const CString &a, const wchar_t *b) {
     return a.Compare(b) <=> 0;
   }
 
-  // Access to the underlying text for the platform code.
-  const std::wstring &str() const { return s_; }
-  std::wstring &str() { return s_; }
+  // The text, for the platform code: a view valid until the string changes,
+  // or a copy.
+  std::wstring_view view() const { return std::wstring_view(p_, static_cast<std::size_t>(GetLength())); }
+  std::wstring str() const { return std::wstring(view()); }
 
  private:
-  std::wstring s_;
+  static wchar_t *EmptyChars() { return tolv::g_emptyCString.nul; }
+  tolv::CStringData *Data() const { return reinterpret_cast<tolv::CStringData *>(p_) - 1; }
+  bool IsShared() const { return p_ == EmptyChars() || Data()->refs.load(std::memory_order_acquire) > 1; }
+  void AddRef() const {
+    if (p_ != EmptyChars()) Data()->refs.fetch_add(1, std::memory_order_relaxed);
+  }
+  void Release() {
+    if (p_ != EmptyChars() && Data()->refs.fetch_sub(1, std::memory_order_acq_rel) == 1) Free(Data());
+  }
+  static void Free(tolv::CStringData *data);
+  // Makes the buffer this string's own, with room for `capacity`
+  // characters at least; the text is kept up to the new room.
+  wchar_t *Own(int capacity);
+  // Replaces the text; `text` may lie in this string's own buffer.
+  void Assign(std::wstring_view text);
+  CString &Append(std::wstring_view text);
+  // Sets the length of an owned buffer and closes the text with a null.
+  void SetLength(int length);
+  static CString Concat(std::wstring_view a, std::wstring_view b);
+
+  wchar_t *p_;
 };
 
 // MFC's array of strings.

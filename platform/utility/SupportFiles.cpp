@@ -79,10 +79,10 @@ bool FindFile(const wchar_t *name, CString &path) {
 
 int CutStrToArr(const CString &text, const CString &separators, CStringArray &pieces) {
   pieces.RemoveAll();
-  const std::wstring &t = text.str();
+  const std::wstring_view t = text.view();
   size_t start = 0;
   while (start <= t.size()) {
-    size_t end = separators.IsEmpty() ? std::wstring::npos : t.find_first_of(separators.str(), start);
+    size_t end = separators.IsEmpty() ? std::wstring::npos : t.find_first_of(separators.view(), start);
     if (end == std::wstring::npos) end = t.size();
     if (end > start) pieces.Add(CString(t.substr(start, end - start)));
     start = end + 1;
