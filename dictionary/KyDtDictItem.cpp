@@ -7,6 +7,7 @@
 
 #include "dictionary/KyDtDictOptionItem.h"
 #include "dictionary/KyDtDictStringItem.h"
+#include "dictionary/KyDtDictTextPool.h"
 #include "dictionary/KyDtDictValueItems.h"
 #include "dictionary/KyDtDictionary.h"
 #include "platform/mfc/CArchive.h"
@@ -196,11 +197,17 @@ void KyDtDictItem::WriteHeader(_auto_ptr<KyUtXMLDOMNode> &node) {
 }
 
 void KyDtDictItem::ReadHeader(_auto_ptr<KyUtXMLDOMNode> &node) {
+  KyDtDictTextPool *pool = KyDtDictTextPool::Active();
   const std::int32_t count = node->GetAttributeNum();
   for (std::int32_t i = 0; i < count; ++i) {
     const wchar_t *name = node->GetAttributeName(i);
     if (name == nullptr || *name == L'\0') continue;
-    SetAttributeValue(name, node->GetAttributeValue(name));
+    if (pool == nullptr) {
+      SetAttributeValue(name, node->GetAttributeValue(name));
+      continue;
+    }
+    const CString &key = pool->Key(i, name);
+    m_pAttributes->insert_or_assign(key, pool->Value(std::wstring_view(node->GetAttributeValue(name))));
   }
   // The keys are made once: a CString of more than three characters costs
   // an allocation, and this runs for every element of a file.
@@ -233,11 +240,30 @@ void KyDtDictItem::ReadHeader(CArchive &ar) {
   ar >> count;
   // A hostile count costs nothing: each pair needs bytes that a short
   // stream doesn't have, and the reader throws at its end.
+  KyDtDictTextPool *pool = KyDtDictTextPool::Active();
   for (std::int32_t i = 0; i < count; ++i) {
     CString key;
     CString value;
     ar >> key >> value;
-    // Moved in: the text read is the text kept, with no copy.
-    m_pAttributes->insert_or_assign(std::move(key), std::move(value));
+    if (pool == nullptr) {
+      // Moved in: the text read is the text kept, with no copy.
+      m_pAttributes->insert_or_assign(std::move(key), std::move(value));
+      continue;
+    }
+    const CString &shared = pool->Key(i, key.view());
+    m_pAttributes->insert_or_assign(shared, pool->Value(std::move(value)));
   }
+  if (pool != nullptr) {
+    // The fields were stored apart from the bag's copies; equal texts are
+    // held once.
+    ShareWithBag(L"name", m_strName);
+    ShareWithBag(L"localname", m_strLocalName);
+    ShareWithBag(L"comment", m_strComment);
+  }
+}
+
+void KyDtDictItem::ShareWithBag(const wchar_t *key, CString &field) {
+  if (field.IsEmpty()) return;
+  auto it = m_pAttributes->find(CString(key));
+  if (it != m_pAttributes->end() && it->second == field) field = it->second;
 }

@@ -110,6 +110,10 @@ class KyDtDictItem {
   void WriteHeader(CArchive &ar);
   void ReadHeader(_auto_ptr<KyUtXMLDOMNode> &node);
   void ReadHeader(CArchive &ar);
+
+ private:
+  // Makes the field hold the bag's text for the key when the two are equal.
+  void ShareWithBag(const wchar_t *key, CString &field);
 };
 
 // A new default item of the kind -1 to 7; null for any other number.

@@ -7,6 +7,7 @@
 
 #include "dictionary/KyDtDictChildCollector.h"
 #include "dictionary/KyDtDictStreams.h"
+#include "dictionary/KyDtDictTextPool.h"
 #include "dictionary/KyDtDictionary.h"
 #include "platform/mfc/CArchive.h"
 #include "platform/mfc/CFile.h"
@@ -72,6 +73,7 @@ void KyDtDictStreams::ReadArchive(KyDtDictionary &root, CArchive &ar) {
     ar >> count;
     return count;
   };
+  KyDtDictTextPool::Scope pool;
   const std::int32_t rootCount = readHead(root);
   root.Reset();
   std::vector<std::unique_ptr<Frame>> frames;

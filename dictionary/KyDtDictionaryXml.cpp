@@ -10,6 +10,7 @@
 #include "containers/KyArray.h"
 #include "dictionary/KyDtDictChildCollector.h"
 #include "dictionary/KyDtDictStreams.h"
+#include "dictionary/KyDtDictTextPool.h"
 #include "dictionary/KyDtDictionary.h"
 #include "language/LangTranslate.h"
 #include "platform/utility/KyUtXMLDOM.h"
@@ -96,18 +97,22 @@ void KyDtDictStreams::WriteXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &
   }
 }
 
-std::int32_t KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &node) {
+std::int32_t KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOMNode> &node, bool consume) {
   struct Frame {
     Frame(KyDtDictionary *d, KyUtXMLDOMNode &element) : dict(d), collector(*d) {
       children = element.GetChildrenNodes();
       count = children->GetCount();
     }
     KyDtDictionary *dict;
+    // The dictionary's element, kept when its children are to be removed
+    // once read; empty for the root, whose handle is the caller's.
+    _auto_ptr<KyUtXMLDOMNode> element;
     KyUtXMLDOMNodeArray children;
     int index = 0;
     int count = 0;
     KyDtDictChildCollector collector;
   };
+  KyDtDictTextPool::Scope pool;
   root.ReadHeader(node);
   root.Reset();
   std::vector<std::unique_ptr<Frame>> frames;
@@ -120,6 +125,7 @@ std::int32_t KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOM
       Frame &frame = *frames.back();
       if (frame.index >= frame.count) {
         frame.collector.Finish();
+        if (consume && frame.element) frame.element->DeleteChildrenNodes();
         KyDtDictionary *done = frame.dict;
         frames.pop_back();
         if (!frames.empty()) frames.back()->collector.Add(done);
@@ -141,6 +147,7 @@ std::int32_t KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOM
       dict->m_nAutoSort = frame.dict->m_nAutoSort;
       dict->ReadHeader(element);
       frames.push_back(std::make_unique<Frame>(dict.get(), *element));
+      if (consume) frames.back()->element = element;
       dict.release();  // owned by its frame until its parent takes it
     }
   } catch (...) {
@@ -181,7 +188,8 @@ bool KyDtDictionary::ReadFromXML(const wchar_t *path) {
   }
   // Reading replaces every child, so with no reference read there is
   // nothing to resolve, and the walk over the whole tree is saved.
-  if (KyDtDictStreams::ReadXml(*this, root) > 0) TranslateRef();
+  // The document is this call's own, so it may be taken apart as it is read.
+  if (KyDtDictStreams::ReadXml(*this, root, true) > 0) TranslateRef();
   return true;
 }
 
