@@ -27,6 +27,14 @@
 
 #include <pugixml.hpp>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/asan_interface.h>
+#endif
+
 #include "containers/KyArray.h"
 #include "platform/utility/KyUtXMLDOMFile.h"
 #include "platform/utility/KyUtXMLDOMNode.h"
@@ -64,53 +72,124 @@ bool SameName(const char *utf8, const wchar_t *name) {
   }
 }
 
+#if defined(__SSE2__)
+static_assert(sizeof(wchar_t) == 4);
+
+// Widens 16 or 8 bytes at `p` into `o` when all are ASCII; false, having
+// written nothing, otherwise.
+inline bool Widen16(const unsigned char *p, wchar_t *o) {
+  const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i *>(p));
+  if (_mm_movemask_epi8(bytes) != 0) return false;
+  const __m128i zero = _mm_setzero_si128();
+  const __m128i low = _mm_unpacklo_epi8(bytes, zero);
+  const __m128i high = _mm_unpackhi_epi8(bytes, zero);
+  auto *wide = reinterpret_cast<__m128i *>(o);
+  _mm_storeu_si128(wide, _mm_unpacklo_epi16(low, zero));
+  _mm_storeu_si128(wide + 1, _mm_unpackhi_epi16(low, zero));
+  _mm_storeu_si128(wide + 2, _mm_unpacklo_epi16(high, zero));
+  _mm_storeu_si128(wide + 3, _mm_unpackhi_epi16(high, zero));
+  return true;
+}
+
+inline bool Widen8(const unsigned char *p, wchar_t *o) {
+  const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(p));
+  if ((_mm_movemask_epi8(bytes) & 0xFF) != 0) return false;
+  const __m128i low = _mm_unpacklo_epi8(bytes, _mm_setzero_si128());
+  auto *wide = reinterpret_cast<__m128i *>(o);
+  _mm_storeu_si128(wide, _mm_unpacklo_epi16(low, _mm_setzero_si128()));
+  _mm_storeu_si128(wide + 1, _mm_unpackhi_epi16(low, _mm_setzero_si128()));
+  return true;
+}
+#endif
+
+// Widens the leading ASCII of the `n` bytes at `p` into `o` in whole
+// blocks, and gives how many bytes it took: all of them for an ASCII text
+// of four bytes or more (its last block overlaps the one before), fewer
+// where a block holds another byte; beyond eight bytes, none where the
+// vector unit is missing.
+inline std::size_t WidenLeadingAscii(const unsigned char *p, std::size_t n, wchar_t *o) {
+  if (n < 8) {
+    // Short names, as most are: the first and last four bytes, which
+    // overlap below eight.
+    if (n < 4) return 0;
+    std::uint32_t head, tail;
+    std::memcpy(&head, p, 4);
+    std::memcpy(&tail, p + n - 4, 4);
+    if (((head | tail) & 0x80808080u) != 0) return 0;
+    for (std::size_t k = 0; k < 4; ++k) o[k] = static_cast<wchar_t>(p[k]);
+    for (std::size_t k = n - 4; k < n; ++k) o[k] = static_cast<wchar_t>(p[k]);
+    return n;
+  }
+#if defined(__SSE2__)
+  std::size_t i = 0;
+  for (; i + 16 <= n; i += 16)
+    if (!Widen16(p + i, o + i)) return i;
+  if (i + 8 <= n) {
+    if (!Widen8(p + i, o + i)) return i;
+    i += 8;
+  }
+  if (i < n && Widen8(p + n - 8, o + n - 8)) i = n;
+  return i;
+#else
+  return 0;
+#endif
+}
+
 // Decodes `n` bytes of UTF-8 into `out`, which has room for `n` characters,
 // and gives how many it wrote; -1 when the bytes aren't well-formed UTF-8
 // (the caller then takes tolv::FromUtf8, which decides what broken
-// sequences become). Runs of ASCII, the bulk of any file, are copied in a
-// tight loop.
+// sequences become). ASCII, the bulk of any file, is widened in blocks up
+// to the first other byte; from there on it goes byte by byte.
 std::ptrdiff_t DecodeWellFormedUtf8(const char *bytes, std::size_t n, wchar_t *out) {
   const auto *p = reinterpret_cast<const unsigned char *>(bytes);
   const auto *end = p + n;
-  wchar_t *o = out;
+  const std::size_t ascii = WidenLeadingAscii(p, n, out);
+  p += ascii;
+  wchar_t *o = out + ascii;
   while (p < end) {
     while (p < end && *p < 0x80) *o++ = static_cast<wchar_t>(*p++);
     if (p == end) break;
     const unsigned char c = *p;
-    int extra;
     std::uint32_t cp;
-    if (c >= 0xC2 && c <= 0xDF) {
-      extra = 1;
-      cp = c & 0x1F;
-    } else if (c >= 0xE0 && c <= 0xEF) {
-      extra = 2;
-      cp = c & 0x0F;
+    // Three bytes first: the CJK text of the packages.
+    if (c >= 0xE0 && c <= 0xEF) {
+      if (end - p < 3 || (p[1] & 0xC0) != 0x80 || (p[2] & 0xC0) != 0x80) return -1;
+      cp = (static_cast<std::uint32_t>(c & 0x0F) << 12) | (static_cast<std::uint32_t>(p[1] & 0x3F) << 6) |
+           (p[2] & 0x3Fu);
+      if (cp < 0x800 || (cp >= 0xD800 && cp <= 0xDFFF)) return -1;
+      p += 3;
+    } else if (c >= 0xC2 && c <= 0xDF) {
+      if (end - p < 2 || (p[1] & 0xC0) != 0x80) return -1;
+      cp = (static_cast<std::uint32_t>(c & 0x1F) << 6) | (p[1] & 0x3Fu);
+      p += 2;
     } else if (c >= 0xF0 && c <= 0xF4) {
-      extra = 3;
-      cp = c & 0x07;
+      if (end - p < 4 || (p[1] & 0xC0) != 0x80 || (p[2] & 0xC0) != 0x80 || (p[3] & 0xC0) != 0x80) return -1;
+      cp = (static_cast<std::uint32_t>(c & 0x07) << 18) | (static_cast<std::uint32_t>(p[1] & 0x3F) << 12) |
+           (static_cast<std::uint32_t>(p[2] & 0x3F) << 6) | (p[3] & 0x3Fu);
+      if (cp < 0x10000 || cp > 0x10FFFF) return -1;
+      p += 4;
     } else {
       return -1;
     }
-    if (end - p <= extra) return -1;
-    for (int i = 1; i <= extra; ++i) {
-      if ((p[i] & 0xC0) != 0x80) return -1;
-      cp = (cp << 6) | (p[i] & 0x3F);
-    }
-    static constexpr std::uint32_t kMin[4] = {0, 0x80, 0x800, 0x10000};
-    if (cp < kMin[extra] || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return -1;
     *o++ = static_cast<wchar_t>(cp);
-    p += extra + 1;
   }
   return o - out;
 }
 
 // Wide text handed out by one handle. Each string is written once and never
 // moves, so every pointer given out stays valid while the handle lives; the
-// memory goes all at once with the handle. The first block lives inside the
-// handle: reading an ordinary element needs no allocation for its text.
+// memory is taken back all at once when the handle goes. The first block
+// lives inside the handle, so reading an ordinary element needs no
+// allocation for its text. A handle that needs more takes blocks of its
+// own; when its memory is kept for the next handle, one standard block stays
+// with it, so that long texts cost no allocation the next time either.
 class TextArena {
  public:
   TextArena() : at_(first_), end_(first_ + kFirstBlock) {}
+  ~TextArena() {
+    FreeBlocks(used_);
+    FreeBlocks(spare_);
+  }
   TextArena(const TextArena &) = delete;
   TextArena &operator=(const TextArena &) = delete;
 
@@ -138,16 +217,57 @@ class TextArena {
     return room;
   }
 
+  // Forgets every text: the arena is as new, with one standard block kept.
+  void Clear() {
+    while (used_ != nullptr) {
+      Block *block = used_;
+      used_ = block->next;
+      if (spare_ == nullptr && block->size == kBlock) {
+        block->next = nullptr;
+        spare_ = block;
+      } else {
+        ::operator delete(block);
+      }
+    }
+    at_ = first_;
+    end_ = first_ + kFirstBlock;
+  }
+
  private:
-  static constexpr std::size_t kFirstBlock = 192;
-  static constexpr std::size_t kBlock = 2048;
+  static constexpr std::size_t kFirstBlock = 224;
+  static constexpr std::size_t kBlock = 512;
+
+  // A block's characters follow its header.
+  struct Block {
+    Block *next;
+    std::size_t size;
+    wchar_t *text() { return reinterpret_cast<wchar_t *>(this + 1); }
+  };
+  static_assert(sizeof(Block) % alignof(wchar_t) == 0);
+
+  static void FreeBlocks(Block *block) {
+    while (block != nullptr) {
+      Block *next = block->next;
+      ::operator delete(block);
+      block = next;
+    }
+  }
 
   wchar_t *Allocate(std::size_t n) {
     if (static_cast<std::size_t>(end_ - at_) < n) {
-      const std::size_t size = std::max(n, kBlock);
-      blocks_.push_back(std::make_unique<wchar_t[]>(size));
-      at_ = blocks_.back().get();
-      end_ = at_ + size;
+      Block *block;
+      if (n <= kBlock && spare_ != nullptr) {
+        block = spare_;
+        spare_ = nullptr;
+      } else {
+        const std::size_t size = std::max(n, kBlock);
+        block = static_cast<Block *>(::operator new(sizeof(Block) + size * sizeof(wchar_t)));
+        block->size = size;
+      }
+      block->next = used_;
+      used_ = block;
+      at_ = block->text();
+      end_ = at_ + block->size;
     }
     wchar_t *room = at_;
     at_ += n;
@@ -159,7 +279,8 @@ class TextArena {
   wchar_t first_[kFirstBlock];
   wchar_t *at_;
   wchar_t *end_;
-  std::vector<std::unique_ptr<wchar_t[]>> blocks_;
+  Block *used_ = nullptr;
+  Block *spare_ = nullptr;
 };
 
 // The wide text as UTF-8 in `out`, as tolv::ToUtf8 gives it, reusing the
@@ -270,18 +391,23 @@ void NormalizeDeclaration(pugi::xml_document &doc) {
     decl.append_attribute("standalone").set_value(standalone.c_str());
 }
 
+bool SameUtf8(const char *a, const char *b) { return a[0] == b[0] && std::strcmp(a, b) == 0; }
+
+// Each element is visited once, its attribute names gathered as it goes:
+// this runs on every element of every file opened.
 bool HasDuplicateAttribute(const pugi::xml_node &element) {
+  const char *names[kLinearAttributeCheck];
   std::size_t count = 0;
-  for (pugi::xml_attribute a = element.first_attribute(); a; a = a.next_attribute()) ++count;
-  if (count < 2) return false;
-  if (count <= kLinearAttributeCheck) {
-    for (pugi::xml_attribute a = element.first_attribute(); a; a = a.next_attribute())
-      for (pugi::xml_attribute b = a.next_attribute(); b; b = b.next_attribute())
-        if (std::string_view(a.name()) == b.name()) return true;
-    return false;
+  pugi::xml_attribute a = element.first_attribute();
+  for (; a && count < kLinearAttributeCheck; a = a.next_attribute()) {
+    const char *name = a.name();
+    for (std::size_t i = 0; i < count; ++i)
+      if (SameUtf8(names[i], name)) return true;
+    names[count++] = name;
   }
-  std::unordered_set<std::string_view> seen;
-  for (pugi::xml_attribute a = element.first_attribute(); a; a = a.next_attribute())
+  if (!a) return false;
+  std::unordered_set<std::string_view> seen(names, names + count);
+  for (; a; a = a.next_attribute())
     if (!seen.insert(a.name()).second) return true;
   return false;
 }
@@ -305,19 +431,26 @@ bool IsWellFormedTree(const pugi::xml_document &doc) {
   }
   if (elements != 1) return false;
 
-  pugi::xml_node top = doc.document_element();
+  const pugi::xml_node top = doc.document_element();
   pugi::xml_node n = top;
-  while (n) {
-    if (n.type() == pugi::node_element && HasDuplicateAttribute(n)) return false;
-    if (pugi::xml_node child = n.first_child()) {
-      n = child;
-      continue;
+  for (;;) {
+    if (n.type() == pugi::node_element) {
+      if (HasDuplicateAttribute(n)) return false;
+      // Only elements have children.
+      if (pugi::xml_node child = n.first_child()) {
+        n = child;
+        continue;
+      }
     }
-    while (n && n != top && !n.next_sibling()) n = n.parent();
-    if (!n || n == top) break;
-    n = n.next_sibling();
+    for (;;) {
+      if (n == top) return true;
+      if (pugi::xml_node next = n.next_sibling()) {
+        n = next;
+        break;
+      }
+      n = n.parent();
+    }
   }
-  return true;
 }
 
 std::size_t MaxElementDepth(const pugi::xml_document &doc) {
@@ -403,9 +536,22 @@ bool IsRegularFile(const std::string &posix) {
 // Implementation objects
 
 struct KyUtXMLDOMNode::Impl {
-  // Written out so that make_unique doesn't zero the arena's first block
-  // before every use.
+  // Written out so that a new Impl doesn't zero the arena's first block.
   Impl() {}
+
+  // Back to the state of a new Impl, keeping the memory it has, so that
+  // the next handle can take it over.
+  void Reset() {
+    node = pugi::xml_node();
+    cursor = pugi::xml_attribute();
+    cursorIndex = -1;
+    lastName = nullptr;
+    lastNameAttribute = pugi::xml_attribute();
+    texts.Clear();
+    if (scratch.capacity() > kKeptScratch) std::string().swap(scratch);
+  }
+  // Scratch beyond this isn't worth keeping for the next handle.
+  static constexpr std::size_t kKeptScratch = 1024;
 
   pugi::xml_node node;
   // The attribute last reached by index. Attributes are only ever added at
@@ -460,10 +606,19 @@ struct KyUtXMLDOMFile::Impl {
 };
 
 // Builds handles; the only place that sees the handles' insides.
+//
+// A reader makes and drops a handle for every element, so each thread keeps
+// the memory of a few dropped handles (the handle object and its Impl, with
+// the arena's blocks) for the next ones. The cache is bounded; past it, and
+// once the thread is ending, memory is freed as usual. A handle dropped on
+// another thread than its own simply joins that thread's cache: the memory
+// is ordinary heap memory either way.
 struct KyUtXMLDOMAccess {
+  using Impl = KyUtXMLDOMNode::Impl;
+
   static _auto_ptr<KyUtXMLDOMNode> Wrap(const pugi::xml_node &node) {
     if (!node) return _auto_ptr<KyUtXMLDOMNode>();
-    auto impl = std::make_unique<KyUtXMLDOMNode::Impl>();
+    std::unique_ptr<Impl> impl(TakeImpl());
     impl->node = node;
     return _auto_ptr<KyUtXMLDOMNode>(new KyUtXMLDOMNode(std::move(impl)));
   }
@@ -473,13 +628,122 @@ struct KyUtXMLDOMAccess {
     impl->nodes = std::move(nodes);
     return _auto_ptr<KyUtXMLDOMNodes>(new KyUtXMLDOMNodes(std::move(impl)));
   }
+
+  static Impl *TakeImpl() {
+    Cache &cache = cache_;
+    if (cache.impls == 0) return new Impl;
+    Impl *impl = cache.impl[--cache.impls];
+    Unpoison(impl, sizeof(Impl));
+    return impl;
+  }
+
+  static void GiveImpl(Impl *impl) {
+    if (impl == nullptr) return;
+    Cache &cache = cache_;
+    if (cache.impls < kKept && Enlisted(cache)) {
+      impl->Reset();
+      Poison(impl, sizeof(Impl));
+      cache.impl[cache.impls++] = impl;
+      return;
+    }
+    delete impl;
+  }
+
+  // Handle objects: their constructor is private to this file, so every one
+  // has exactly the size of the class.
+  static void *TakeHandle(std::size_t size) {
+    Cache &cache = cache_;
+    if (cache.handles == 0 || size != sizeof(KyUtXMLDOMNode)) return ::operator new(size);
+    void *memory = cache.handle[--cache.handles];
+    Unpoison(memory, sizeof(KyUtXMLDOMNode));
+    return memory;
+  }
+
+  static void GiveHandle(void *memory) {
+    if (memory == nullptr) return;
+    Cache &cache = cache_;
+    if (cache.handles < kKept && Enlisted(cache)) {
+      Poison(memory, sizeof(KyUtXMLDOMNode));
+      cache.handle[cache.handles++] = memory;
+      return;
+    }
+    ::operator delete(memory);
+  }
+
+ private:
+  // Enough for the handles a reader holds at once while it walks a tree.
+  static constexpr int kKept = 32;
+
+  enum class State : unsigned char { kUnused, kEnlisted, kEnded };
+
+  // Plain data, so that the thread-local cache needs neither a constructor
+  // nor a destructor of its own: reaching it costs nothing more than its
+  // address, and it can be read safely even while the thread ends.
+  struct Cache {
+    Impl *impl[kKept];
+    void *handle[kKept];
+    int impls;
+    int handles;
+    State state;
+  };
+
+  // Frees what the thread kept when the thread ends (for the thread that
+  // exits the process, at exit). Made the first time the thread keeps
+  // anything, so threads that never read XML register nothing.
+  struct Reaper {
+    ~Reaper() {
+      Cache &cache = cache_;
+      cache.state = State::kEnded;
+      while (cache.impls > 0) {
+        Impl *impl = cache.impl[--cache.impls];
+        Unpoison(impl, sizeof(Impl));
+        delete impl;
+      }
+      while (cache.handles > 0) {
+        void *memory = cache.handle[--cache.handles];
+        Unpoison(memory, sizeof(KyUtXMLDOMNode));
+        ::operator delete(memory);
+      }
+    }
+  };
+
+  // Whether the thread may keep memory: not once its cache has been freed,
+  // as when a handle held by another thread-local object goes after it.
+  static bool Enlisted(Cache &cache) {
+    if (cache.state == State::kUnused) {
+      static thread_local Reaper reaper;
+      (void)reaper;
+      cache.state = State::kEnlisted;
+    }
+    return cache.state == State::kEnlisted;
+  }
+
+  // Kept memory is marked unusable for the address sanitizer, so that a
+  // handle used after it was deleted is still caught.
+  static void Poison([[maybe_unused]] void *memory, [[maybe_unused]] std::size_t size) {
+#if defined(__SANITIZE_ADDRESS__)
+    ASAN_POISON_MEMORY_REGION(memory, size);
+#endif
+  }
+  static void Unpoison([[maybe_unused]] void *memory, [[maybe_unused]] std::size_t size) {
+#if defined(__SANITIZE_ADDRESS__)
+    ASAN_UNPOISON_MEMORY_REGION(memory, size);
+#endif
+  }
+
+  static thread_local Cache cache_;
 };
+
+thread_local KyUtXMLDOMAccess::Cache KyUtXMLDOMAccess::cache_{};
 
 // ---------------------------------------------------------------------------
 // KyUtXMLDOMNode
 
 KyUtXMLDOMNode::KyUtXMLDOMNode(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
-KyUtXMLDOMNode::~KyUtXMLDOMNode() = default;
+KyUtXMLDOMNode::~KyUtXMLDOMNode() { KyUtXMLDOMAccess::GiveImpl(impl_.release()); }
+
+void *KyUtXMLDOMNode::operator new(std::size_t size) { return KyUtXMLDOMAccess::TakeHandle(size); }
+void KyUtXMLDOMNode::operator delete(void *memory) noexcept { KyUtXMLDOMAccess::GiveHandle(memory); }
 
 const wchar_t *KyUtXMLDOMNode::GetNodeName() { return impl_->texts.Keep(impl_->node.name()); }
 

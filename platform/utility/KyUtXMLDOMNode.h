@@ -7,6 +7,7 @@
 // keep several of them at once (an attribute's name next to its value).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -20,6 +21,11 @@ class KyUtXMLDOMNode {
   ~KyUtXMLDOMNode();
   KyUtXMLDOMNode(const KyUtXMLDOMNode &) = delete;
   KyUtXMLDOMNode &operator=(const KyUtXMLDOMNode &) = delete;
+
+  // Readers make and drop a handle per element: each thread keeps a few
+  // handles' memory for the next ones.
+  static void *operator new(std::size_t size);
+  static void operator delete(void *memory) noexcept;
 
   const wchar_t *GetNodeName();
 
