@@ -1,7 +1,7 @@
 #include "dictionary/KyDtDictChildCollector.h"
 
 #include <algorithm>
-#include <functional>
+#include <cstdint>
 #include <string_view>
 
 #include "dictionary/KyDtDictionary.h"
@@ -9,7 +9,19 @@
 
 namespace {
 
-std::size_t HashName(const KyDtDictItem &item) { return std::hash<std::wstring_view>()(item.m_strName.view()); }
+// Bounds the table that Reserve builds before any child is there.
+constexpr std::int32_t kMaxReserved = 1 << 16;
+
+// A multiplicative hash over the characters, mixed at the end: names are
+// short, and this costs a few cycles a character.
+std::uint32_t HashName(const KyDtDictItem &item) {
+  std::uint32_t h = 0x811C9DC5u;
+  for (const wchar_t c : item.m_strName.view()) h = (h ^ static_cast<std::uint32_t>(c)) * 0x01000193u;
+  h ^= h >> 15;
+  h *= 0x2C1B3C6Du;
+  h ^= h >> 12;
+  return h;
+}
 
 int CompareNarrow(const KyDtDictItem *a, const KyDtDictItem *b) {
   return tolv::CompareGbk(a->m_strName.view(), b->m_strName.view());
@@ -40,8 +52,10 @@ void KyDtDictChildCollector::AddUnsorted(KyDtDictItem *item) {
     lastIndex_ = appended_++;
     return;
   }
-  if (table_.empty() || 2 * (named_ + 1) > static_cast<std::int32_t>(table_.size())) GrowTable();
-  Slot &slot = Probe(*item);
+  if (table_.empty() || 2 * (named_ + 1) > static_cast<std::int32_t>(table_.size()))
+    GrowTable(table_.empty() ? 16 : table_.size() * 2);
+  const std::uint32_t hash = HashName(*item);
+  Slot &slot = Probe(*item, hash);
   if (slot.item != nullptr) {
     // A namesake came first: the item is refused, and the cursor would
     // stand on the one already there.
@@ -51,7 +65,7 @@ void KyDtDictChildCollector::AddUnsorted(KyDtDictItem *item) {
     return;
   }
   AppendOwned(item);
-  slot = {item, appended_};
+  slot = {item, appended_, hash};
   ++named_;
   last_ = item;
   lastIndex_ = appended_++;
@@ -66,20 +80,35 @@ void KyDtDictChildCollector::AppendOwned(KyDtDictItem *item) {
   }
 }
 
-KyDtDictChildCollector::Slot &KyDtDictChildCollector::Probe(const KyDtDictItem &item) {
+KyDtDictChildCollector::Slot &KyDtDictChildCollector::Probe(const KyDtDictItem &item, std::uint32_t hash) {
   const std::size_t mask = table_.size() - 1;
-  std::size_t i = HashName(item) & mask;
-  while (table_[i].item != nullptr && table_[i].item->m_strName.view() != item.m_strName.view()) i = (i + 1) & mask;
+  std::size_t i = hash & mask;
+  while (table_[i].item != nullptr &&
+         (table_[i].hash != hash || table_[i].item->m_strName.view() != item.m_strName.view()))
+    i = (i + 1) & mask;
   return table_[i];
 }
 
-void KyDtDictChildCollector::GrowTable() {
+void KyDtDictChildCollector::GrowTable(std::size_t size) {
   std::vector<Slot> old;
   old.swap(table_);
-  table_.assign(old.empty() ? 16 : old.size() * 2, Slot{nullptr, -1});
+  table_.assign(size, Slot{nullptr, -1, 0});
+  const std::size_t mask = size - 1;
   for (const Slot &slot : old) {
-    if (slot.item != nullptr) Probe(*slot.item) = slot;
+    if (slot.item == nullptr) continue;
+    // Names in the table are unique: the first free slot is the place.
+    std::size_t i = slot.hash & mask;
+    while (table_[i].item != nullptr) i = (i + 1) & mask;
+    table_[i] = slot;
   }
+}
+
+void KyDtDictChildCollector::Reserve(std::int32_t expected) {
+  if (sorted_ || expected <= 0) return;
+  const auto want = static_cast<std::size_t>(std::min(expected, kMaxReserved)) * 2;
+  std::size_t size = 16;
+  while (size < want) size *= 2;
+  if (size > table_.size()) GrowTable(size);
 }
 
 void KyDtDictChildCollector::Finish() {

@@ -30,6 +30,10 @@ class KyDtDictChildCollector {
   // same name (as AppendItem sees names) came first. A dictionary takes the
   // auto-sort flag of its parent.
   void Add(KyDtDictItem *item);
+  // Makes room for about this many children up front, so the name table
+  // isn't rebuilt as it fills. A count read from a file is only a hint: the
+  // room taken is bounded, and more children still fit.
+  void Reserve(std::int32_t expected);
   // Puts the held children in place and leaves the list cursor where the
   // last AppendItem would have left it. Safe to call more than once.
   void Finish();
@@ -38,6 +42,8 @@ class KyDtDictChildCollector {
   struct Slot {
     KyDtDictItem *item;
     std::int32_t index;
+    // The name's hash, so that probing and growing seldom read a name.
+    std::uint32_t hash;
   };
   void AddUnsorted(KyDtDictItem *item);
   // Appends to the list, deleting the item if the list can't take it.
@@ -45,8 +51,8 @@ class KyDtDictChildCollector {
   void FinishSorted();
   // The slot of the name in the hash table: the one holding it, or the
   // empty one where it belongs.
-  Slot &Probe(const KyDtDictItem &item);
-  void GrowTable();
+  Slot &Probe(const KyDtDictItem &item, std::uint32_t hash);
+  void GrowTable(std::size_t size);
 
   KyDtDictionary &dict_;
   bool sorted_;

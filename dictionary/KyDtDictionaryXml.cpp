@@ -102,6 +102,7 @@ std::int32_t KyDtDictStreams::ReadXml(KyDtDictionary &root, _auto_ptr<KyUtXMLDOM
     Frame(KyDtDictionary *d, KyUtXMLDOMNode &element) : dict(d), collector(*d) {
       children = element.GetChildrenNodes();
       count = children->GetCount();
+      collector.Reserve(count);
     }
     KyDtDictionary *dict;
     // The dictionary's element, kept when its children are to be removed
