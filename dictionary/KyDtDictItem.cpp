@@ -256,14 +256,17 @@ void KyDtDictItem::ReadHeader(CArchive &ar) {
   if (pool != nullptr) {
     // The fields were stored apart from the bag's copies; equal texts are
     // held once.
-    ShareWithBag(L"name", m_strName);
-    ShareWithBag(L"localname", m_strLocalName);
-    ShareWithBag(L"comment", m_strComment);
+    static const CString kName(L"name");
+    static const CString kLocalName(L"localname");
+    static const CString kComment(L"comment");
+    ShareWithBag(kName, m_strName);
+    ShareWithBag(kLocalName, m_strLocalName);
+    ShareWithBag(kComment, m_strComment);
   }
 }
 
-void KyDtDictItem::ShareWithBag(const wchar_t *key, CString &field) {
+void KyDtDictItem::ShareWithBag(const CString &key, CString &field) {
   if (field.IsEmpty()) return;
-  auto it = m_pAttributes->find(CString(key));
+  auto it = m_pAttributes->find(key);
   if (it != m_pAttributes->end() && it->second == field) field = it->second;
 }

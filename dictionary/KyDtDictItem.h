@@ -113,7 +113,7 @@ class KyDtDictItem {
 
  private:
   // Makes the field hold the bag's text for the key when the two are equal.
-  void ShareWithBag(const wchar_t *key, CString &field);
+  void ShareWithBag(const CString &key, CString &field);
 };
 
 // A new default item of the kind -1 to 7; null for any other number.
