@@ -29,6 +29,19 @@ struct DetachedForm {
   ~DetachedForm() { std::free(bytes); }
 };
 
+// The bag keys of the three header fields, made once: the readers look
+// them up for every element of a file.
+struct HeaderKeys {
+  CString name{L"name"};
+  CString localName{L"localname"};
+  CString comment{L"comment"};
+};
+
+const HeaderKeys &TheHeaderKeys() {
+  static const HeaderKeys keys;
+  return keys;
+}
+
 void WriteForm(const KyDtDictItem &item, DetachedForm &form) {
   CMemFile file(kMemFileGrowth);
   {
@@ -209,11 +222,7 @@ void KyDtDictItem::ReadHeader(_auto_ptr<KyUtXMLDOMNode> &node) {
     const CString &key = pool->Key(i, name);
     m_pAttributes->insert_or_assign(key, pool->Value(std::wstring_view(node->GetAttributeValue(name))));
   }
-  // The keys are made once: a CString of more than three characters costs
-  // an allocation, and this runs for every element of a file.
-  static const CString kName(L"name");
-  static const CString kLocalName(L"localname");
-  static const CString kComment(L"comment");
+  const HeaderKeys &keys = TheHeaderKeys();
   auto take = [this](const CString &key, CString &field) {
     auto it = m_pAttributes->find(key);
     if (it == m_pAttributes->end()) {
@@ -222,9 +231,9 @@ void KyDtDictItem::ReadHeader(_auto_ptr<KyUtXMLDOMNode> &node) {
       field = it->second;
     }
   };
-  take(kName, m_strName);
-  take(kLocalName, m_strLocalName);
-  take(kComment, m_strComment);
+  take(keys.name, m_strName);
+  take(keys.localName, m_strLocalName);
+  take(keys.comment, m_strComment);
 }
 
 void KyDtDictItem::WriteHeader(CArchive &ar) {
@@ -256,12 +265,10 @@ void KyDtDictItem::ReadHeader(CArchive &ar) {
   if (pool != nullptr) {
     // The fields were stored apart from the bag's copies; equal texts are
     // held once.
-    static const CString kName(L"name");
-    static const CString kLocalName(L"localname");
-    static const CString kComment(L"comment");
-    ShareWithBag(kName, m_strName);
-    ShareWithBag(kLocalName, m_strLocalName);
-    ShareWithBag(kComment, m_strComment);
+    const HeaderKeys &keys = TheHeaderKeys();
+    ShareWithBag(keys.name, m_strName);
+    ShareWithBag(keys.localName, m_strLocalName);
+    ShareWithBag(keys.comment, m_strComment);
   }
 }
 

@@ -1,6 +1,7 @@
-// Shares the attribute texts of a tree being read from XML.
+// Shares the attribute texts of a tree being read, from XML or the archive
+// form.
 //
-// Every element of a settings or language file carries the same few
+// Every item of a settings or language file carries the same few
 // attribute keys, and some attributes ("element_type") take a handful of
 // values over and over. Read one by one, each would get a buffer of its own
 // in every item; through the pool, equal texts share one buffer (CString

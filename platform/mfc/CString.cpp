@@ -340,11 +340,15 @@ int CString::Remove(wchar_t ch) {
   return n;
 }
 
-int CString::Insert(int index, wchar_t ch) { return Insert(index, std::wstring(1, ch).c_str()); }
+int CString::Insert(int index, wchar_t ch) { return InsertText(index, std::wstring_view(&ch, 1)); }
 
 int CString::Insert(int index, const wchar_t *text) {
+  return InsertText(index, text ? std::wstring_view(text) : std::wstring_view());
+}
+
+int CString::InsertText(int index, std::wstring_view text) {
   index = Clamp(index, 0, GetLength());
-  if (text && *text) {
+  if (!text.empty()) {
     // Built apart: the text may be this string's own.
     std::wstring joined(view());
     joined.insert(static_cast<std::size_t>(index), text);

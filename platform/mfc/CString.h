@@ -157,6 +157,7 @@ class CString {
   // Replaces the text; `text` may lie in this string's own buffer.
   void Assign(std::wstring_view text);
   CString &Append(std::wstring_view text);
+  int InsertText(int index, std::wstring_view text);
   // Sets the length of an owned buffer and closes the text with a null.
   void SetLength(int length);
   static CString Concat(std::wstring_view a, std::wstring_view b);

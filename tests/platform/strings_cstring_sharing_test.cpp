@@ -146,3 +146,16 @@ TEST(CStringSharing, CopiesMadeAndDroppedOnManyThreadsKeepTheText) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(CStringSharing, InsertingANullCharacterKeepsItInTheText) {
+  CString s(L"ab");
+  const CString copy = s;
+  EXPECT_EQ(s.Insert(1, L'\0'), 3);
+  EXPECT_EQ(s.GetAt(1), L'\0');
+  EXPECT_EQ(s.GetAt(2), L'b');
+  EXPECT_EQ(copy.GetLength(), 2);
+}
+
+}  // namespace
