@@ -1,6 +1,9 @@
 #include "platform/mfc/CArchive.h"
 
+#include <cstdint>
 #include <cstring>
+#include <limits>
+#include <new>
 #include <exception>
 #include <string>
 
@@ -225,25 +228,39 @@ CArchive &operator<<(CArchive &ar, const wchar_t *text) { return ar << CString(t
 
 namespace {
 
-// The little-endian UTF-16 units of `bytes` as wide text.
-std::wstring WideFromUtf16Bytes(const BYTE *bytes, std::size_t units) {
-  // Short strings, nearly all of them, go through a buffer on the stack.
-  constexpr std::size_t kOnStack = 512;
-  char16_t onStack[kOnStack];
-  std::u16string onHeap;
-  char16_t *out = onStack;
-  if (units > kOnStack) {
-    onHeap.resize(units);
-    out = onHeap.data();
+bool IsHighSurrogateUnit(std::uint32_t u) { return u >= 0xD800 && u <= 0xDBFF; }
+bool IsLowSurrogateUnit(std::uint32_t u) { return u >= 0xDC00 && u <= 0xDFFF; }
+
+// Puts the little-endian UTF-16 units of `bytes` into the string, decoded
+// straight into its own buffer: a pair of surrogates makes one character,
+// any other unit one, as tolv::FromUtf16 reads them. Names and values are
+// read by the hundred thousand, so no text in between is built.
+void AssignUtf16Bytes(CString &text, const BYTE *bytes, std::size_t units) {
+  if (units >= static_cast<std::size_t>(std::numeric_limits<int>::max())) throw std::bad_alloc();
+  text.Empty();
+  wchar_t *out = text.GetBuffer(static_cast<int>(units));
+  std::size_t written = 0;
+  for (std::size_t i = 0; i < units; ++i) {
+    const std::uint32_t u = bytes[2 * i] | (static_cast<std::uint32_t>(bytes[2 * i + 1]) << 8);
+    if (IsHighSurrogateUnit(u) && i + 1 < units) {
+      const std::uint32_t next = bytes[2 * i + 2] | (static_cast<std::uint32_t>(bytes[2 * i + 3]) << 8);
+      if (IsLowSurrogateUnit(next)) {
+        out[written++] = static_cast<wchar_t>(0x10000 + ((u - 0xD800) << 10) + (next - 0xDC00));
+        ++i;
+        continue;
+      }
+    }
+    out[written++] = static_cast<wchar_t>(u);
   }
-  for (std::size_t i = 0; i < units; ++i)
-    out[i] = static_cast<char16_t>(bytes[2 * i] | (bytes[2 * i + 1] << 8));
-  return tolv::FromUtf16(std::u16string_view(out, units));
+  text.ReleaseBuffer(static_cast<int>(written));
 }
 
-std::wstring WideFromBytes(const BYTE *bytes, std::size_t length, int charSize) {
-  if (charSize == 1) return tolv::FromGbk(std::string_view(reinterpret_cast<const char *>(bytes), length));
-  return WideFromUtf16Bytes(bytes, length);
+void AssignFromBytes(CString &text, const BYTE *bytes, std::size_t length, int charSize) {
+  if (charSize == 1) {
+    text = CString(tolv::FromGbk(std::string_view(reinterpret_cast<const char *>(bytes), length)));
+    return;
+  }
+  AssignUtf16Bytes(text, bytes, length);
 }
 
 }  // namespace
@@ -261,7 +278,7 @@ CArchive &operator>>(CArchive &ar, CString &text) {
   const ULONGLONG buffered = ar.end_ - ar.at_;
   if (length <= buffered / static_cast<ULONGLONG>(charSize)) {
     const BYTE *bytes = ar.buffer_.data() + ar.at_;
-    text = CString(WideFromBytes(bytes, static_cast<std::size_t>(length), charSize));
+    AssignFromBytes(text, bytes, static_cast<std::size_t>(length), charSize);
     ar.at_ += static_cast<std::size_t>(length) * static_cast<std::size_t>(charSize);
     return ar;
   }
@@ -275,6 +292,6 @@ CArchive &operator>>(CArchive &ar, CString &text) {
     ar.Read(bytes.data() + done, static_cast<UINT>(n));
     done += n;
   }
-  text = CString(WideFromBytes(reinterpret_cast<const BYTE *>(bytes.data()), static_cast<std::size_t>(length), charSize));
+  AssignFromBytes(text, reinterpret_cast<const BYTE *>(bytes.data()), static_cast<std::size_t>(length), charSize);
   return ar;
 }

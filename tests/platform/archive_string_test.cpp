@@ -10,6 +10,7 @@
 #include "archive_test_util.h"
 #include "platform/mfc/CArchive.h"
 #include "platform/mfc/CMemFile.h"
+#include "platform/windows/TextCodec.h"
 
 using archivetest::ArchiveCause;
 using archivetest::Hex;
@@ -65,6 +66,27 @@ TEST(CArchiveString, CharacterOutsideTheBmpCountsAsTwoUnits) {
   CString back = LoadedString(bytes);
   ASSERT_EQ(back.GetLength(), 2);
   EXPECT_EQ(static_cast<std::uint32_t>(back.GetAt(1)), 0x1F600u);
+}
+
+TEST(CArchiveString, LoneSurrogatesReadAsTheyStandAndPairsJoin) {
+  // high alone, a pair, low alone, high at the very end
+  static const char kBytes[] = "\xFF\xFE\xFF\x05" "\x00\xD8" "\x3D\xD8\x00\xDE" "\x00\xDC" "\x01\xD8";
+  const std::string bytes(kBytes, sizeof kBytes - 1);
+  const CString back = LoadedString(bytes);
+  ASSERT_EQ(back.GetLength(), 4);
+  EXPECT_EQ(static_cast<std::uint32_t>(back.GetAt(0)), 0xD800u);
+  EXPECT_EQ(static_cast<std::uint32_t>(back.GetAt(1)), 0x1F600u);
+  EXPECT_EQ(static_cast<std::uint32_t>(back.GetAt(2)), 0xDC00u);
+  EXPECT_EQ(static_cast<std::uint32_t>(back.GetAt(3)), 0xD801u);
+  EXPECT_EQ(back.view(), tolv::FromUtf16(u"\xD800\xD83D\xDE00\xDC00\xD801"));
+}
+
+TEST(CArchiveString, ReadingIntoASharedStringLeavesTheOtherCopy) {
+  CString text = L"preset";
+  const CString copy = text;
+  Load(StoredString(CString(L"new text")), [&](CArchive &ar) { ar >> text; });
+  EXPECT_EQ(text, L"new text");
+  EXPECT_EQ(copy, L"preset");
 }
 
 TEST(CArchiveString, LengthStepsAtTheirBoundaries) {
