@@ -251,29 +251,33 @@ void KyDtDictItem::ReadHeader(CArchive &ar) {
   // stream doesn't have, and the reader throws at its end.
   KyDtDictTextPool *pool = KyDtDictTextPool::Active();
   for (std::int32_t i = 0; i < count; ++i) {
-    CString key;
-    CString value;
-    ar >> key >> value;
     if (pool == nullptr) {
+      CString key;
+      CString value;
+      ar >> key >> value;
       // Moved in: the text read is the text kept, with no copy.
       m_pAttributes->insert_or_assign(std::move(key), std::move(value));
       continue;
     }
+    CString &key = pool->KeyBuffer();
+    CString &value = pool->ValueBuffer();
+    ar >> key >> value;
     const CString &shared = pool->Key(i, key.view());
-    m_pAttributes->insert_or_assign(shared, pool->Value(std::move(value)));
-  }
-  if (pool != nullptr) {
-    // The fields were stored apart from the bag's copies; equal texts are
-    // held once.
-    const HeaderKeys &keys = TheHeaderKeys();
-    ShareWithBag(keys.name, m_strName);
-    ShareWithBag(keys.localName, m_strLocalName);
-    ShareWithBag(keys.comment, m_strComment);
+    // The bag's copy of a header field, stored apart from the field, is
+    // mostly the same text: then the two hold one buffer.
+    const CString *field = HeaderField(shared);
+    if (field != nullptr && field->view() == value.view()) {
+      m_pAttributes->insert_or_assign(shared, *field);
+    } else {
+      m_pAttributes->insert_or_assign(shared, pool->Value(value.view()));
+    }
   }
 }
 
-void KyDtDictItem::ShareWithBag(const CString &key, CString &field) {
-  if (field.IsEmpty()) return;
-  auto it = m_pAttributes->find(key);
-  if (it != m_pAttributes->end() && it->second == field) field = it->second;
+const CString *KyDtDictItem::HeaderField(const CString &key) const {
+  const HeaderKeys &keys = TheHeaderKeys();
+  if (key == keys.name) return &m_strName;
+  if (key == keys.localName) return &m_strLocalName;
+  if (key == keys.comment) return &m_strComment;
+  return nullptr;
 }

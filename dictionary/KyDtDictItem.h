@@ -112,8 +112,8 @@ class KyDtDictItem {
   void ReadHeader(CArchive &ar);
 
  private:
-  // Makes the field hold the bag's text for the key when the two are equal.
-  void ShareWithBag(const CString &key, CString &field);
+  // The header field that the bag key stands for, or null.
+  const CString *HeaderField(const CString &key) const;
 };
 
 // A new default item of the kind -1 to 7; null for any other number.

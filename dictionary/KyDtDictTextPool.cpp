@@ -1,7 +1,5 @@
 #include "dictionary/KyDtDictTextPool.h"
 
-#include <utility>
-
 namespace {
 
 // Recent values kept per key, and how many misses in a row make a key stop
@@ -105,10 +103,4 @@ CString KyDtDictTextPool::Value(std::wstring_view value) {
   CString text(value);
   Remember(text);
   return text;
-}
-
-CString KyDtDictTextPool::Value(CString &&value) {
-  if (const CString *pooled = Lookup(value.view())) return *pooled;
-  Remember(value);
-  return std::move(value);
 }

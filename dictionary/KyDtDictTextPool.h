@@ -35,9 +35,12 @@ class KyDtDictTextPool {
   const CString &Key(std::int32_t position, std::wstring_view key);
   // The value of the key that Key gave last, shared when it was seen lately.
   CString Value(std::wstring_view value);
-  // The same for a value already read into a string of its own, which is
-  // kept when nothing equal is pooled.
-  CString Value(CString &&value);
+
+  // Strings for a reader to read a key and a value into before asking for
+  // the shared ones: kept from item to item, they cost no allocation once
+  // they have grown to the longest text.
+  CString &KeyBuffer() { return keyBuffer_; }
+  CString &ValueBuffer() { return valueBuffer_; }
 
   // The pool of the reading on this thread, or null.
   static KyDtDictTextPool *Active();
@@ -67,4 +70,6 @@ class KyDtDictTextPool {
   std::unique_ptr<Entry> overflow_;
   std::vector<Entry *> byPosition_;
   Entry *current_ = nullptr;
+  CString keyBuffer_;
+  CString valueBuffer_;
 };

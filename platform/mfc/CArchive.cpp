@@ -234,10 +234,10 @@ bool IsLowSurrogateUnit(std::uint32_t u) { return u >= 0xDC00 && u <= 0xDFFF; }
 // Puts the little-endian UTF-16 units of `bytes` into the string, decoded
 // straight into its own buffer: a pair of surrogates makes one character,
 // any other unit one, as tolv::FromUtf16 reads them. Names and values are
-// read by the hundred thousand, so no text in between is built.
+// read by the hundred thousand, so no text in between is built, and a
+// string that already has a buffer of its own large enough keeps it.
 void AssignUtf16Bytes(CString &text, const BYTE *bytes, std::size_t units) {
   if (units >= static_cast<std::size_t>(std::numeric_limits<int>::max())) throw std::bad_alloc();
-  text.Empty();
   wchar_t *out = text.GetBuffer(static_cast<int>(units));
   std::size_t written = 0;
   for (std::size_t i = 0; i < units; ++i) {
