@@ -75,12 +75,12 @@ std::wstring DecodeDxfEscapes(std::wstring_view text) {
       int a = Hex(text[i + 3]), b = Hex(text[i + 4]), d = Hex(text[i + 5]), e = Hex(text[i + 6]);
       if (a >= 0 && b >= 0 && d >= 0 && e >= 0) {
         std::uint32_t u = static_cast<std::uint32_t>((a << 12) | (b << 8) | (d << 4) | e);
-        if (u >= 0xD800 && u <= 0xDBFF && i + 13 < text.size() && text[i + 7] == L'\\' &&
+        if (tolv::IsHighSurrogate(u) && i + 13 < text.size() && text[i + 7] == L'\\' &&
             (text[i + 8] == L'U' || text[i + 8] == L'u') && text[i + 9] == L'+') {
           int f = Hex(text[i + 10]), g = Hex(text[i + 11]), h = Hex(text[i + 12]), k = Hex(text[i + 13]);
           std::uint32_t low = static_cast<std::uint32_t>((f << 12) | (g << 8) | (h << 4) | k);
-          if (f >= 0 && g >= 0 && h >= 0 && k >= 0 && low >= 0xDC00 && low <= 0xDFFF) {
-            out += static_cast<wchar_t>(0x10000 + ((u - 0xD800) << 10) + (low - 0xDC00));
+          if (f >= 0 && g >= 0 && h >= 0 && k >= 0 && tolv::IsLowSurrogate(low)) {
+            out += tolv::JoinSurrogates(u, low);
             i += 13;
             continue;
           }

@@ -1,6 +1,5 @@
 #include "platform/mfc/CArchive.h"
 
-#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -228,9 +227,6 @@ CArchive &operator<<(CArchive &ar, const wchar_t *text) { return ar << CString(t
 
 namespace {
 
-bool IsHighSurrogateUnit(std::uint32_t u) { return u >= 0xD800 && u <= 0xDBFF; }
-bool IsLowSurrogateUnit(std::uint32_t u) { return u >= 0xDC00 && u <= 0xDFFF; }
-
 // Puts the little-endian UTF-16 units of `bytes` into the string, decoded
 // straight into its own buffer: a pair of surrogates makes one character,
 // any other unit one, as tolv::FromUtf16 reads them. Names and values are
@@ -241,11 +237,11 @@ void AssignUtf16Bytes(CString &text, const BYTE *bytes, std::size_t units) {
   wchar_t *out = text.GetBuffer(static_cast<int>(units));
   std::size_t written = 0;
   for (std::size_t i = 0; i < units; ++i) {
-    const std::uint32_t u = bytes[2 * i] | (static_cast<std::uint32_t>(bytes[2 * i + 1]) << 8);
-    if (IsHighSurrogateUnit(u) && i + 1 < units) {
-      const std::uint32_t next = bytes[2 * i + 2] | (static_cast<std::uint32_t>(bytes[2 * i + 3]) << 8);
-      if (IsLowSurrogateUnit(next)) {
-        out[written++] = static_cast<wchar_t>(0x10000 + ((u - 0xD800) << 10) + (next - 0xDC00));
+    const char32_t u = bytes[2 * i] | (static_cast<char32_t>(bytes[2 * i + 1]) << 8);
+    if (tolv::IsHighSurrogate(u) && i + 1 < units) {
+      const char32_t next = bytes[2 * i + 2] | (static_cast<char32_t>(bytes[2 * i + 3]) << 8);
+      if (tolv::IsLowSurrogate(next)) {
+        out[written++] = tolv::JoinSurrogates(u, next);
         ++i;
         continue;
       }

@@ -167,13 +167,6 @@ std::string ToUtf8(std::wstring_view text) {
   return out;
 }
 
-namespace {
-
-bool IsHighSurrogate(char16_t u) { return u >= 0xD800 && u <= 0xDBFF; }
-bool IsLowSurrogate(char16_t u) { return u >= 0xDC00 && u <= 0xDFFF; }
-
-}  // namespace
-
 std::wstring FromUtf16(std::u16string_view units) {
   // Each pair of surrogates makes one character; everything else one each.
   std::size_t length = units.size();
@@ -189,7 +182,7 @@ std::wstring FromUtf16(std::u16string_view units) {
   for (std::size_t i = 0; i < n; ++i) {
     const char16_t u = units[i];
     if (IsHighSurrogate(u) && i + 1 < n && IsLowSurrogate(units[i + 1])) {
-      *o++ = static_cast<wchar_t>(0x10000 + ((u - 0xD800) << 10) + (units[i + 1] - 0xDC00));
+      *o++ = JoinSurrogates(u, units[i + 1]);
       ++i;
     } else {
       *o++ = static_cast<wchar_t>(u);

@@ -17,6 +17,13 @@ std::string ToUtf8(std::wstring_view text);
 std::wstring FromUtf16(std::u16string_view units);
 std::u16string ToUtf16(std::wstring_view text);
 
+// The pieces of that decoding, for readers that decode in place.
+constexpr bool IsHighSurrogate(char32_t u) { return u >= 0xD800 && u <= 0xDBFF; }
+constexpr bool IsLowSurrogate(char32_t u) { return u >= 0xDC00 && u <= 0xDFFF; }
+constexpr wchar_t JoinSurrogates(char32_t high, char32_t low) {
+  return static_cast<wchar_t>(0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00));
+}
+
 // Code page 936. A character the code page can't hold becomes '?'; a byte
 // sequence that isn't GBK becomes U+003F too. ASCII passes through without
 // touching the tables.
