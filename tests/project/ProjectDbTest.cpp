@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/acad/AcutPrintf.h"
 #include "platform/utility/SupportFiles.h"
 #include "project/ProjectTestUtil.h"
 
@@ -375,4 +376,63 @@ TEST(ProjectDbReferences, ReferencesSurviveASaveAndResolveAfterReading) {
   KyDtProjectDb again;
   ASSERT_TRUE(again.ReadFromXML(back.GetProjectFile()));
   EXPECT_EQ(again.CompareWith(back), 0);
+}
+
+TEST(ProjectDbBadInput, ReferencesPointingNowhereAtThemselvesOrInACircleReadCleanly) {
+  tolvtest::ScratchDir dir("prjdb_badrefs");
+  tolvtest::WriteFileBytes(
+      dir.path() / "p.orpx",
+      "<?xml version=\"1.0\"?><TolvDictionary><Directory name=\"MODELS\">"
+      "<Reference name=\"CS_FILE\">FILES\\NOWHERE</Reference>"
+      "<Region name=\"0\"><Directory name=\"FLOORS\"><Floor name=\"1F\"><Directory name=\"FLOOR_MODEL\">"
+      "<Reference name=\"FLOOR_VIEW\">MODELS\\0\\FLOORS\\1F\\FLOOR_MODEL\\FLOOR_VIEW</Reference>"
+      "</Directory></Floor></Directory></Region></Directory>"
+      "<Directory name=\"VIEWS\"><View name=\"A\"><Reference name=\"FILE\">VIEWS\\B\\FILE</Reference></View>"
+      "<View name=\"B\"><Reference name=\"FILE\">VIEWS\\A\\FILE</Reference></View></Directory>"
+      "</TolvDictionary>");
+  KyDtProjectDb db;
+  tolv::CommandLineSink old = tolv::SetCommandLineSink([](const std::wstring &) {});
+  bool read = db.ReadFromXML(SystemPath(dir, "p.orpx").c_str());
+  tolv::SetCommandLineSink(old);
+  ASSERT_TRUE(read);
+  ASSERT_NE(db.Models().CSFile(), nullptr);
+  EXPECT_EQ(db.Models().CSFile()->GetItemRef(), nullptr);
+  std::unique_ptr<KyDtProjectRegion> region(db.Models().MainRegion());
+  std::unique_ptr<KyDtPrjFloor> floor(region->GetFloor(L"1F"));
+  KyDtDictReferenceItem *self = floor->FloorModel().FloorView();
+  EXPECT_EQ(self->GetItemRef(), self);
+  std::unique_ptr<KyDtProjectView> a(db.Views().GetView(L"A"));
+  std::unique_ptr<KyDtProjectView> b(db.Views().GetView(L"B"));
+  EXPECT_EQ(a->File()->GetItemRef(), b->File());
+  EXPECT_EQ(b->File()->GetItemRef(), a->File());
+  ASSERT_TRUE(db.Save());
+}
+
+TEST(ProjectDbBadInput, DeeplyNestedSubFloorsAndAbsurdTextsReadSaveAndFree) {
+  tolvtest::ScratchDir dir("prjdb_deep");
+  const int depth = 3000;
+  std::string xml = "<?xml version=\"1.0\"?><TolvDictionary><Directory name=\"MODELS\"><Region name=\"0\">"
+                    "<Directory name=\"FLOORS\"><Floor name=\"" + std::string(100000, 'F') + "\">"
+                    "<Double name=\"FLOOR_HEIGHT\">1e999</Double>";
+  for (int i = 0; i < depth; ++i) xml += "<Directory name=\"SUB_FLOORS\"><SubFloor name=\"S\">";
+  for (int i = 0; i < depth; ++i) xml += "</SubFloor></Directory>";
+  xml += "</Floor></Directory></Region></Directory></TolvDictionary>";
+  tolvtest::WriteFileBytes(dir.path() / "deep.orpx", xml);
+  KyDtProjectDb db;
+  ASSERT_TRUE(db.ReadFromXML(SystemPath(dir, "deep.orpx").c_str()));
+  std::unique_ptr<KyDtProjectRegion> region(db.Models().MainRegion());
+  KyPDList<KyDtPrjFloor> floors;
+  region->GetAllFloor(floors);
+  ASSERT_EQ(floors.GetLength(), 1);
+  EXPECT_TRUE(std::isinf(floors.GetAt(0)->GetHeight()));
+  EXPECT_EQ(floors.GetAt(0)->Dict()->m_strName.GetLength(), 100000);
+  // Walk down by proxies, each step one sub-floor deeper.
+  std::unique_ptr<KyDtPrjFloor> current(region->GetFloor(floors.GetAt(0)->Dict()->m_strName));
+  int reached = 0;
+  while (KyDtPrjFloor *next = current->GetSubFloor(L"S")) {
+    current.reset(next);
+    ++reached;
+  }
+  EXPECT_EQ(reached, depth);
+  ASSERT_TRUE(db.Save());
 }
