@@ -1,5 +1,7 @@
 #include "patterns/KyPatData.h"
 
+#include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <string>
 
@@ -21,14 +23,24 @@ constexpr const wchar_t *kLineTooLong =
 // dx and dy, and the first two dash lengths.
 constexpr int kShownFields = 7;
 
-// v in "%.10f", shortened as a hand-written pattern file would have it:
-// trailing zeros (and a bare point) dropped, and at most ten characters
-// unless the value read was 1e10 or more.
-CString FormatScaled(double v, double factor) {
+// v times factor in "%.10f", shortened as a hand-written pattern file
+// would have it: trailing zeros (and a bare point) dropped, and at most ten
+// characters unless the value read was 1e10 or more. Written into the
+// field's own buffer.
+void FormatScaled(double v, double factor, CString &field) {
+  // Room for the 309 digits of the largest double, its point and ten places.
   char buffer[400];
-  int length = std::snprintf(buffer, sizeof buffer, "%.10f", v * factor);
-  if (length < 0) length = 0;
-  if (length >= static_cast<int>(sizeof buffer)) length = static_cast<int>(sizeof buffer) - 1;
+  const double scaled = v * factor;
+  int length = 0;
+  if (std::isfinite(scaled)) {
+    // The same correctly rounded digits as printf's "%.10f", without its
+    // multi-precision arithmetic.
+    std::to_chars_result r = std::to_chars(buffer, buffer + sizeof buffer, scaled, std::chars_format::fixed, 10);
+    length = r.ec == std::errc() ? static_cast<int>(r.ptr - buffer) : 0;
+  } else {
+    length = std::snprintf(buffer, sizeof buffer, "%.10f", scaled);
+    if (length < 0) length = 0;
+  }
   int n = length - 1;
   while (n >= 1) {
     if (buffer[n] == '.') {
@@ -40,9 +52,9 @@ CString FormatScaled(double v, double factor) {
   }
   if (n > 9 && v < 1e10) n = 9;
   if (n < length - 1) length = n + 1;
-  std::wstring text(static_cast<std::size_t>(length), L'\0');
-  for (int k = 0; k < length; ++k) text[static_cast<std::size_t>(k)] = static_cast<unsigned char>(buffer[k]);
-  return CString(text);
+  wchar_t *text = field.GetBufferSetLength(length);
+  for (int k = 0; k < length; ++k) text[k] = static_cast<unsigned char>(buffer[k]);
+  field.ReleaseBuffer(length);
 }
 
 }  // namespace
@@ -98,8 +110,7 @@ void KyPatData::Scale(double factor) {
   MoveTo(1);
   while (!IsOut()) {
     CString &field = GetCurData();
-    double v = _wtof(field);
-    field = FormatScaled(v, factor);
+    FormatScaled(_wtof(field), factor, field);
     MoveToNext();
   }
 }

@@ -2,6 +2,9 @@
 // written short.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
+#include <random>
 #include <string>
 
 #include "PatternTestSupport.h"
@@ -88,6 +91,48 @@ TEST(PatternScale, ScalingBackRestoresShortValues) {
   data.Scale(25.4);
   data.Scale(1 / 25.4);
   EXPECT_EQ(pattest::LineText(data), "30,0.1,0.2,0.3,0.4,0.5,-0.6");
+}
+
+}  // namespace
+
+namespace {
+
+// The formatting rule written out plainly with printf, for comparison.
+std::string ByTheRule(double v, double factor) {
+  char buffer[400];
+  std::snprintf(buffer, sizeof buffer, "%.10f", v * factor);
+  std::string text = buffer;
+  int n = static_cast<int>(text.size()) - 1;
+  while (n >= 1) {
+    if (text[static_cast<std::size_t>(n)] == '.') {
+      --n;
+      break;
+    }
+    if (text[static_cast<std::size_t>(n)] != '0') break;
+    --n;
+  }
+  if (n > 9 && v < 1e10) n = 9;
+  if (n < static_cast<int>(text.size()) - 1) text.resize(static_cast<std::size_t>(n) + 1);
+  return text;
+}
+
+TEST(PatternScale, RandomValuesFollowThePrintfRule) {
+  std::mt19937_64 rng(1015);
+  std::uniform_real_distribution<double> mantissa(-10, 10);
+  std::uniform_int_distribution<int> exponent(-14, 14);
+  const double factors[] = {2, 0.5, 25.4, 1 / 25.4, 3, 1e-3, 1000};
+  for (int i = 0; i < 20000; ++i) {
+    double v = mantissa(rng) * std::pow(10.0, exponent(rng));
+    if (i % 7 == 0) v = std::round(v * 1000) / 1000;  // short values as files have them
+    if (i % 5 == 0) v = std::ldexp(static_cast<double>(i % 4096), -11 - i % 12);  // ties at the tenth place
+    double factor = factors[i % 7];
+    char text[64];
+    std::snprintf(text, sizeof text, "%.17g", v);
+    KyPatData data;
+    data << CString((std::string("0,") + text).c_str());
+    data.Scale(factor);
+    ASSERT_EQ(pattest::LineText(data), "0," + ByTheRule(std::strtod(text, nullptr), factor)) << text << " * " << factor;
+  }
 }
 
 }  // namespace
