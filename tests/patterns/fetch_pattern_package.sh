@@ -10,7 +10,12 @@ package=$2
 mkdir -p "$cache"
 cd "$cache"
 if ! ls "$package"_*.deb >/dev/null 2>&1; then
-  apt-get download "$package" >/dev/null 2>&1 || { echo "apt-get download $package failed" >&2; exit 1; }
+  if ! apt-get download "$package" >/dev/null 2>&1; then
+    # A machine that installed nothing lately may have no package lists:
+    # root can fetch them once and try again.
+    [ "$(id -u)" = 0 ] && apt-get update -qq >/dev/null 2>&1 || true
+    apt-get download "$package" >/dev/null 2>&1 || { echo "apt-get download $package failed" >&2; exit 1; }
+  fi
 fi
 rm -rf "$package.tmp"
 dpkg-deb -x "$(ls "$package"_*.deb | head -n 1)" "$package.tmp"
