@@ -85,9 +85,11 @@ int CListCtrl::OnInsertColumn(int column, const LVCOLUMNW *format) {
   int at = std::min(column, GetColumnCount());
   CString heading = (format->mask & LVCF_TEXT) ? TextOf(format->pszText) : CString();
   headings_.insert(headings_.begin() + at, heading);
-  // The cells of later columns move along with their headings.
+  // The item's label stays in column 0; the subitems from the new column on
+  // move along with their headings.
+  const std::size_t from = static_cast<std::size_t>(std::max(at, 1));
   for (std::vector<CString> &row : rows_) {
-    if (static_cast<std::size_t>(at) < row.size()) row.insert(row.begin() + at, CString());
+    if (from < row.size()) row.insert(row.begin() + static_cast<long>(from), CString());
   }
   return at;
 }
@@ -95,6 +97,8 @@ int CListCtrl::OnInsertColumn(int column, const LVCOLUMNW *format) {
 bool CListCtrl::OnDeleteColumn(int column) {
   if (column < 0 || column >= GetColumnCount()) return false;
   headings_.erase(headings_.begin() + column);
+  // The labels stay; a subitem column takes its cells with it.
+  if (column == 0) return true;
   for (std::vector<CString> &row : rows_) {
     if (static_cast<std::size_t>(column) < row.size()) row.erase(row.begin() + column);
   }

@@ -82,9 +82,11 @@ class CListCtrl {
   bool SetItemText(int item, int subItem, const wchar_t *text);
   // Empty for a missing item or subitem.
   CString GetItemText(int item, int subItem) const;
-  // The index of the new column, or -1.
+  // The index of the new column, or -1. The item's label stays in column 0;
+  // subitems from the new column on move one place right.
   int InsertColumn(int column, const wchar_t *heading, int format = LVCFMT_LEFT, int width = -1,
                    int subItem = -1);
+  // A subitem column takes its cells with it; column 0 only its heading.
   bool DeleteColumn(int column);
   // The number of columns, as the header control tells it.
   int GetColumnCount() const { return static_cast<int>(headings_.size()); }
