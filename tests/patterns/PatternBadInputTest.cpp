@@ -141,3 +141,23 @@ TEST(PatternBadInput, ManyTinyEntries) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(PatternBadInput, BundledFileCutAnywhereReadsCleanly) {
+  const std::string full = tolvtest::ReadFileBytes(std::string(TOLV_SOURCE_DIR) + "/share/support/tolv.pat");
+  KyPats whole;
+  pattest::ReadPats(whole, full);
+  ASSERT_EQ(whole.GetLength(), 12);
+  for (std::size_t cut = 0; cut < full.size(); cut += 13) {
+    KyPats pats;
+    pattest::ReadPats(pats, full.substr(0, cut));
+    EXPECT_LE(pats.GetLength(), whole.GetLength()) << cut;
+    // What was read is a prefix of the whole file's entries, the last one
+    // perhaps cut short.
+    for (std::int32_t i = 0; i + 1 < pats.GetLength(); ++i)
+      EXPECT_EQ(pats.GetPData(i).m_strHead, whole.GetPData(i).m_strHead) << cut;
+  }
+}
+
+}  // namespace
