@@ -25,3 +25,8 @@
 // The exported global objects and pointers, and the hooks' answers.
 #include "module/ModuleGlobals.h"
 #include "module/EntityHooks.h"
+
+// Hatch pattern files, and the list control their lines are shown in.
+#include "platform/mfc/CListCtrl.h"
+#include "platform/mfc/CStdioFile.h"
+#include "patterns/KyPats.h"
