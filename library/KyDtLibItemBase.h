@@ -11,9 +11,7 @@
 
 #include "library/KyDtAttribute.h"
 #include "platform/mfc/CString.h"
-#include "platform/utility/AutoPtr.h"
-
-class KyUtXMLDOMNode;
+#include "platform/utility/KyUtXMLDOM.h"
 
 // Keys in the order of CString::Compare.
 struct KyDtLibKeyLess {
