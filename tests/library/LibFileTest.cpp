@@ -418,3 +418,26 @@ TEST(LibraryGroup, FilePathIsUpToTheLastBackslash) {
   group.SetFileName(L"\\LibGroup.DMLS");
   EXPECT_EQ(group.GetFilePath(), CString(L"\\"));
 }
+
+TEST(LibraryFile, TruncatedFilesReadFalseOrAWholeTree) {
+  tolvtest::ScratchDir dir("lib_truncated");
+  const std::string whole =
+      tolvtest::ReadFileBytes(std::filesystem::path(TOLV_SOURCE_DIR) / "share/support/DwgLib/ARCH/FURNITURE.DML");
+  ASSERT_GT(whole.size(), 100u);
+  int read = 0;
+  for (std::size_t cut = 0; cut < whole.size(); cut += 7) {
+    WriteText(dir.path() / "cut.DML", whole.substr(0, cut));
+    KyDtDwgLib lib;
+    lib.SetFileName(dir.wide("cut.DML").c_str());
+    if (lib.ReadFromXML()) ++read;
+    KyDtDwgLibGroup group;
+    group.SetFileName(dir.wide("cut.DML").c_str());
+    EXPECT_FALSE(group.ReadFromXML());
+  }
+  // Only a cut after the root's end tag leaves a readable file.
+  EXPECT_LE(read, 1);
+  WriteText(dir.path() / "cut.DML", whole);
+  KyDtDwgLib lib;
+  lib.SetFileName(dir.wide("cut.DML").c_str());
+  EXPECT_TRUE(lib.ReadFromXML());
+}
