@@ -16,11 +16,11 @@ CString KyDtLibItemBase::GetXMLNodeName() const { return L"Node"; }
 bool KyDtLibItemBase::IsDirectory() const { return false; }
 
 bool KyDtLibItemBase::HasAttribute(const wchar_t *name) const {
-  return m_pAttributes->find(CString(name)) != m_pAttributes->end();
+  return m_pAttributes->find(name ? name : L"") != m_pAttributes->end();
 }
 
 CString KyDtLibItemBase::GetAttributeValue(const wchar_t *name) const {
-  auto it = m_pAttributes->find(CString(name));
+  auto it = m_pAttributes->find(name ? name : L"");
   return it == m_pAttributes->end() ? CString() : it->second;
 }
 
@@ -57,8 +57,9 @@ void KyDtLibItemBase::GetAllAttribute(KyDtAttributeList &list) const {
 }
 
 bool KyDtLibItemBase::IsMatch(const wchar_t *name, const wchar_t *value) const {
-  auto it = m_pAttributes->find(CString(name));
+  auto it = m_pAttributes->find(name ? name : L"");
   if (it == m_pAttributes->end()) return false;
+  if (value == nullptr) value = L"";
   if (std::wcscmp(value, L"*") == 0) return true;
   return it->second.Compare(value) == 0;
 }

@@ -13,9 +13,13 @@
 #include "platform/mfc/CString.h"
 #include "platform/utility/KyUtXMLDOM.h"
 
-// Keys in the order of CString::Compare.
+// Keys in the order of CString::Compare. Lookups by a plain text make no
+// CString on the way: a search tests every node of a tree.
 struct KyDtLibKeyLess {
+  using is_transparent = void;
   bool operator()(const CString &a, const CString &b) const { return a.Compare(b) < 0; }
+  bool operator()(const CString &a, const wchar_t *b) const { return a.Compare(b) < 0; }
+  bool operator()(const wchar_t *a, const CString &b) const { return b.Compare(a) > 0; }
 };
 using KyDtLibAttributeMap = std::map<CString, CString, KyDtLibKeyLess>;
 
