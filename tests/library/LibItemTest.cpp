@@ -364,3 +364,24 @@ TEST(LibraryTree, DeepTreeIsBuiltCopiedAndFreedWithoutRecursion) {
   EXPECT_NE(shape.Find(L"bottom"), nullptr);
   root.reset();
 }
+
+TEST(LibraryCopyFrom, GroupCopiesAsABaseNodeWithoutItsLibraries) {
+  KyDtDwgLibGroup from;
+  from.SetName(L"G");
+  from.SetAttributeValue(L"a", L"1");
+  from.SetFileName(L"C:\\G\\LibGroup.DMLS");
+  from.Append(from.NewLib());
+  KyDtDwgLibGroup to;
+  to.CopyFrom(&from);
+  EXPECT_EQ(to.GetName(), CString(L"G"));
+  EXPECT_EQ(libtest::AttributesOf(to), L"a=1;");
+  EXPECT_EQ(to.GetLength(), 0);
+  EXPECT_EQ(to.GetFileName(), CString());
+  // A group's value copy shares the store and leaves the libraries with
+  // their one owner.
+  KyDtDwgLibGroup copy(from);
+  copy.SetAttributeValue(L"a", L"2");
+  EXPECT_EQ(from.GetAttributeValue(L"a"), CString(L"2"));
+  EXPECT_EQ(copy.GetLength(), 0);
+  EXPECT_EQ(copy.GetFileName(), from.GetFileName());
+}
