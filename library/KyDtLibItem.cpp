@@ -8,7 +8,10 @@ CString KyDtLibItem::GetXMLNodeName() const { return L"Item"; }
 
 void KyDtLibItem::ReadItemFromNode(KyUtXMLDOMNode &node) {
   ReadBaseFromNode(node);
-  m_strDataFile = node.GetAttributeValue(L"file");
+  // Shares the text of the "file" attribute.
+  const KyDtLibAttributeMap &store = GetAttributeMap();
+  auto it = store.find(L"file");
+  m_strDataFile = it != store.end() && node.IsAttributeExist(L"file") ? it->second : CString();
 }
 
 void KyDtLibItem::SaveItemToNode(KyUtXMLDOMNode &node) const {

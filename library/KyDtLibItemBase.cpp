@@ -2,10 +2,29 @@
 #include "library/KyDtLibItemBase.h"
 
 #include <cwchar>
+#include <string_view>
+#include <unordered_map>
 
 #include "platform/utility/KyUtXMLDOM.h"
 #include "platform/windows/WideFormat.h"
 #include "platform/windows/WinCrt.h"
+
+namespace {
+
+// Attribute names repeat on every node of a library, so reading keeps each
+// name once and every node's key shares its text (a CString copy shares).
+CString SharedKey(const wchar_t *name) {
+  thread_local std::unordered_map<std::wstring_view, CString> keys;
+  auto it = keys.find(std::wstring_view(name));
+  if (it != keys.end()) return it->second;
+  // A file with ever new names doesn't make the set grow without end.
+  if (keys.size() >= 4096) keys.clear();
+  CString key(name);
+  keys.emplace(key.view(), key);
+  return key;
+}
+
+}  // namespace
 
 KyDtLibItemBase::KyDtLibItemBase() : m_pAttributes(std::make_shared<KyDtLibAttributeMap>()) {}
 
@@ -76,9 +95,11 @@ void KyDtLibItemBase::ReadBaseFromNode(KyUtXMLDOMNode &node) {
   for (int i = 0; i < count; ++i) {
     const wchar_t *name = node.GetAttributeName(i);
     if (*name == L'\0') continue;
-    SetAttributeValue(name, node.GetAttributeValue(name));
+    m_pAttributes->insert_or_assign(SharedKey(name), CString(node.GetAttributeValue(name)));
   }
-  m_strName = node.GetAttributeValue(L"name");
+  // The name field shares the text of the "name" attribute.
+  auto it = m_pAttributes->find(L"name");
+  m_strName = it != m_pAttributes->end() && node.IsAttributeExist(L"name") ? it->second : CString();
 }
 
 void KyDtLibItemBase::SaveBaseToNode(KyUtXMLDOMNode &node) const {
