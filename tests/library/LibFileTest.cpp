@@ -441,3 +441,31 @@ TEST(LibraryFile, TruncatedFilesReadFalseOrAWholeTree) {
   lib.SetFileName(dir.wide("cut.DML").c_str());
   EXPECT_TRUE(lib.ReadFromXML());
 }
+
+TEST(LibraryNode, ElementWithoutNameEmptiesTheNameFieldButKeepsTheOldAttribute) {
+  tolvtest::ScratchDir dir("lib_noname");
+  WriteText(dir.path() / "x.xml", "<Root><Item a=\"1\"/><Item name=\"B\" file=\"b.DWG\" a=\"2\"/></Root>");
+  KyUtXMLDOMFile doc;
+  ASSERT_TRUE(doc.Open(dir.wide("x.xml").c_str()));
+  KyUtXMLDOMNodeArray children;
+  children = doc.GetRoot()->GetChildrenNodes();
+  KyDtLibItem item;
+  item.SetName(L"old");
+  item.SetDataFile(L"old.DWG");
+  item.SetAttributeValue(L"name", L"stale");
+  ASSERT_TRUE(item.ReadFromNode(children->GetItem(0)));
+  EXPECT_EQ(item.GetName(), CString());
+  EXPECT_EQ(item.GetDataFile(), CString());
+  EXPECT_EQ(item.GetAttributeValue(L"name"), CString(L"stale"));
+  // Two nodes read from one document keep values of their own.
+  KyDtLibItem other;
+  ASSERT_TRUE(other.ReadFromNode(children->GetItem(1)));
+  other.SetAttributeValue(L"a", L"changed");
+  EXPECT_EQ(item.GetAttributeValue(L"a"), CString(L"1"));
+  EXPECT_EQ(other.GetName(), CString(L"B"));
+  EXPECT_EQ(other.GetDataFile(), CString(L"b.DWG"));
+  CString name = other.GetName();
+  name.MakeLower();
+  EXPECT_EQ(other.GetName(), CString(L"B"));
+  EXPECT_EQ(other.GetAttributeValue(L"name"), CString(L"B"));
+}
