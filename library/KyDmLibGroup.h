@@ -46,6 +46,11 @@ class KyDmLibGroup : public KyDtLibItemBase, public KyPDList<KyDtLib> {
   using KyDtLibItemBase::operator!=;
   using KyDtLibItemBase::operator<;
   using KyDtLibItemBase::operator>;
+  // Two of this class compare by one reading, whichever side stands first.
+  bool operator==(const KyDmLibGroup &other) const { return KyDtLibItemBase::operator==(other); }
+  bool operator!=(const KyDmLibGroup &other) const { return KyDtLibItemBase::operator!=(other); }
+  bool operator<(const KyDmLibGroup &other) const { return KyDtLibItemBase::operator<(other); }
+  bool operator>(const KyDmLibGroup &other) const { return KyDtLibItemBase::operator>(other); }
 
  protected:
   CString m_strFileName;

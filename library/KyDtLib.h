@@ -39,6 +39,11 @@ class KyDtLib : public KyDtLibDirectory {
   using KyDtLibItemBase::operator!=;
   using KyDtLibItemBase::operator<;
   using KyDtLibItemBase::operator>;
+  // Two of this class compare by one reading, whichever side stands first.
+  bool operator==(const KyDtLib &other) const { return KyDtLibItemBase::operator==(other); }
+  bool operator!=(const KyDtLib &other) const { return KyDtLibItemBase::operator!=(other); }
+  bool operator<(const KyDtLib &other) const { return KyDtLibItemBase::operator<(other); }
+  bool operator>(const KyDtLib &other) const { return KyDtLibItemBase::operator>(other); }
 
  protected:
   CString m_strFileName;

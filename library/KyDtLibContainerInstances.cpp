@@ -12,9 +12,9 @@ template class KyDynArrayBase<KyDtLibDirectory *>;
 template class KyDynArrayBase<KyDtLibItem *>;
 template class KyDynArrayBase<KyDtLibItemBase *>;
 
-template class KyListNode<KyDtAttribute>;
-template class KyListNode<KyDtLib *>;
-template class KyListNode<KyDtLibItemBase *>;
+template struct KyListNode<KyDtAttribute>;
+template struct KyListNode<KyDtLib *>;
+template struct KyListNode<KyDtLibItemBase *>;
 
 template class KyList<KyDtAttribute>;
 template class KyList<KyDtLib *>;

@@ -67,6 +67,11 @@ class KyDtLibDirectory : public KyDtLibItemBase, public KyPDList<KyDtLibItemBase
   using KyDtLibItemBase::operator!=;
   using KyDtLibItemBase::operator<;
   using KyDtLibItemBase::operator>;
+  // Two of this class compare by one reading, whichever side stands first.
+  bool operator==(const KyDtLibDirectory &other) const { return KyDtLibItemBase::operator==(other); }
+  bool operator!=(const KyDtLibDirectory &other) const { return KyDtLibItemBase::operator!=(other); }
+  bool operator<(const KyDtLibDirectory &other) const { return KyDtLibItemBase::operator<(other); }
+  bool operator>(const KyDtLibDirectory &other) const { return KyDtLibItemBase::operator>(other); }
 
  protected:
   // The children of the element into this (emptied) directory.

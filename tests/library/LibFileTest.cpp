@@ -276,14 +276,14 @@ TEST(LibraryGroup, ChildrenOfAnyNameMakeLibrariesOfTheGroupsClass) {
   EXPECT_EQ(group.GetName(), CString(L"Arch"));
   EXPECT_EQ(group.GetAttributeValue(L"note"), CString(L"n"));
   ASSERT_EQ(group.GetLength(), 3);
-  for (std::int32_t i = 0; i < 3; ++i) EXPECT_EQ(typeid(*group.GetAt(i)), typeid(KyDtDwgLib));
+  for (std::int32_t i = 0; i < 3; ++i) EXPECT_EQ(libtest::TypeOf(group.GetAt(i)), typeid(KyDtDwgLib));
   EXPECT_EQ(group.GetAt(1)->GetFileName().str(), folder + L"Windows.DML");
   KyDtEquipLibGroup equip;
-  EXPECT_EQ(typeid(*std::unique_ptr<KyDtLib>(equip.NewLib())), typeid(KyDtEquipLib));
+  EXPECT_EQ(libtest::TypeOf(std::unique_ptr<KyDtLib>(equip.NewLib()).get()), typeid(KyDtEquipLib));
   KyDtWordLibGroup word;
-  EXPECT_EQ(typeid(*std::unique_ptr<KyDtLib>(word.NewLib())), typeid(KyDtWordLib));
+  EXPECT_EQ(libtest::TypeOf(std::unique_ptr<KyDtLib>(word.NewLib()).get()), typeid(KyDtWordLib));
   KyDmLibGroup plain;
-  EXPECT_EQ(typeid(*std::unique_ptr<KyDtLib>(plain.NewLib())), typeid(KyDtLib));
+  EXPECT_EQ(libtest::TypeOf(std::unique_ptr<KyDtLib>(plain.NewLib()).get()), typeid(KyDtLib));
 }
 
 TEST(LibraryGroup, NodeNamesOfEveryKind) {

@@ -212,11 +212,11 @@ TEST(LibraryClone, EachClassClonesToItsOwnAndLibrariesToTheirBase) {
   group.SetFileName(L"C:\\x\\LibGroup.DMLS");
   std::unique_ptr<KyDtLibItemBase> c1(base.Clone()), c2(item.Clone()), c3(dir.Clone()), c4(lib.Clone()),
       c5(group.Clone());
-  EXPECT_EQ(typeid(*c1), typeid(KyDtLibItemBase));
-  EXPECT_EQ(typeid(*c2), typeid(KyDtLibItem));
-  EXPECT_EQ(typeid(*c3), typeid(KyDtLibDirectory));
-  EXPECT_EQ(typeid(*c4), typeid(KyDtLibDirectory));  // no file name, no counter
-  EXPECT_EQ(typeid(*c5), typeid(KyDtLibItemBase));   // a bare node
+  EXPECT_EQ(libtest::TypeOf(c1.get()), typeid(KyDtLibItemBase));
+  EXPECT_EQ(libtest::TypeOf(c2.get()), typeid(KyDtLibItem));
+  EXPECT_EQ(libtest::TypeOf(c3.get()), typeid(KyDtLibDirectory));
+  EXPECT_EQ(libtest::TypeOf(c4.get()), typeid(KyDtLibDirectory));  // no file name, no counter
+  EXPECT_EQ(libtest::TypeOf(c5.get()), typeid(KyDtLibItemBase));   // a bare node
   EXPECT_TRUE(c4->IsDirectory());
   EXPECT_FALSE(c5->IsDirectory());
   EXPECT_FALSE(group.IsDirectory());

@@ -2,12 +2,16 @@
 #pragma once
 
 #include <string>
+#include <typeinfo>
 #include <vector>
 
 #include "TolvDataBase.h"
 #include "support/TestSupport.h"
 
 namespace libtest {
+
+// The dynamic class of a node.
+inline const std::type_info &TypeOf(const KyDtLibItemBase *node) { return typeid(*node); }
 
 // The names of the nodes in order.
 template <class T>
