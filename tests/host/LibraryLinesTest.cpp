@@ -132,3 +132,24 @@ TEST_F(LibraryLines, LibReportsAGroupsUnreadableLibraryAndGoesOn) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(LibraryLines, LibShowsADeepTreeWithLevelNumbersAndLongValues) {
+  std::string xml = "<TolvWordLib name=\"deep\">";
+  for (int i = 0; i < 10000; ++i) xml += "<Directory name=\"d\">";
+  xml += "<Item name=\"leaf\" file=\"leaf.DWG\" text=\"" + std::string(100000, 'w') + "\"/>";
+  for (int i = 0; i < 10000; ++i) xml += "</Directory>";
+  xml += "</TolvWordLib>";
+  tolvtest::WriteFileBytes(work_.path() / "deep.DML", xml);
+  HostRun run = Lib({(work_.path() / "deep.DML").string(), "--find", "text=*"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_NE(run.out.find("TolvWordLib \"deep\""), std::string::npos);
+  EXPECT_NE(run.out.find("1 match"), std::string::npos);
+  HostRun tree = Lib({(work_.path() / "deep.DML").string()});
+  ASSERT_EQ(tree.status, 0) << tree.err;
+  EXPECT_NE(tree.out.find("(level 10001) leaf"), std::string::npos);
+  EXPECT_LT(tree.out.size(), 10000u * 100u + 200000u);
+}
+
+}  // namespace

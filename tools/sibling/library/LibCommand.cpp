@@ -127,9 +127,9 @@ class Printer {
     struct Frame {
       KyDtLibDirectory *dir;
       KyDtLibItemBase *const *slot;
-      std::string indent;
+      int depth;
     };
-    std::vector<Frame> frames{{&lib, lib.GetFirst(), "  "}};
+    std::vector<Frame> frames{{&lib, lib.GetFirst(), 1}};
     while (!frames.empty()) {
       Frame &frame = frames.back();
       if (frame.slot == nullptr) {
@@ -140,13 +140,21 @@ class Printer {
       frame.slot = frame.dir->GetNext(frame.slot);
       if (node == nullptr) continue;
       const bool isDir = node->IsDirectory();
-      const std::string indent = (options_.items || options_.dirs) ? std::string("  ") : frame.indent;
+      const std::string indent = (options_.items || options_.dirs) ? std::string("  ") : Indent(frame.depth);
       if ((!options_.items || !isDir) && (!options_.dirs || isDir)) {
         Node(lib, *node, indent);
         ++shown_;
       }
-      if (auto *dir = dynamic_cast<KyDtLibDirectory *>(node)) frames.push_back({dir, dir->GetFirst(), frame.indent + "  "});
+      if (auto *dir = dynamic_cast<KyDtLibDirectory *>(node)) frames.push_back({dir, dir->GetFirst(), frame.depth + 1});
     }
+  }
+
+  // Two blanks a level; a tree deeper than a screen is wide gives its depth
+  // in numbers instead of ever longer lines.
+  static std::string Indent(int depth) {
+    constexpr int kWidest = 32;
+    if (depth <= kWidest) return std::string(static_cast<std::size_t>(depth) * 2, ' ');
+    return std::string(kWidest * 2, ' ') + "(level " + std::to_string(depth) + ") ";
   }
 
   void Matches(KyDtLib &lib) {
