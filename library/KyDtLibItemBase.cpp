@@ -2,6 +2,7 @@
 #include "library/KyDtLibItemBase.h"
 
 #include <cwchar>
+#include <mutex>
 #include <string_view>
 #include <unordered_map>
 
@@ -13,8 +14,12 @@ namespace {
 
 // Attribute names repeat on every node of a library, so reading keeps each
 // name once and every node's key shares its text (a CString copy shares).
+// (One set for the module, not one per thread: an object of a thread's own
+// with a destructor would keep the module from being unloaded.)
 CString SharedKey(const wchar_t *name) {
-  thread_local std::unordered_map<std::wstring_view, CString> keys;
+  static std::mutex mutex;
+  static std::unordered_map<std::wstring_view, CString> keys;
+  std::lock_guard<std::mutex> lock(mutex);
   auto it = keys.find(std::wstring_view(name));
   if (it != keys.end()) return it->second;
   // A file with ever new names doesn't make the set grow without end.

@@ -2,6 +2,7 @@
 // (".DMLS") or a library (".DML") as a tree with attributes, or the nodes
 // an attribute search finds; for each item its block name, its drawing and
 // the preview image that would be shown.
+#include <cstdio>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -154,7 +155,11 @@ class Printer {
   static std::string Indent(int depth) {
     constexpr int kWidest = 32;
     if (depth <= kWidest) return std::string(static_cast<std::size_t>(depth) * 2, ' ');
-    return std::string(kWidest * 2, ' ') + "(level " + std::to_string(depth) + ") ";
+    // (Not std::to_string: its digit table would be a process-unique symbol,
+    // which would keep this library, and the module it links, loaded.)
+    char level[32];
+    std::snprintf(level, sizeof level, "(level %d) ", depth);
+    return std::string(kWidest * 2, ' ') + level;
   }
 
   void Matches(KyDtLib &lib) {
