@@ -22,6 +22,9 @@
 // The project: item tree, project file, project database.
 #include "project/KyDtPrj.h"
 
+// The block, equipment and word libraries.
+#include "library/KyDtLibrary.h"
+
 // The exported global objects and pointers, and the hooks' answers.
 #include "module/ModuleGlobals.h"
 #include "module/EntityHooks.h"
