@@ -315,11 +315,13 @@ int DrawAll(const Options &o) {
   }
   std::string stem = fs::path(o.file).stem().string();
   std::string out = (fs::path(o.svg) / (stem + ".svg")).string();
-  if (!tolv::WriteFileAtomically(out, SheetSvg(fs::path(o.file).filename().string(), entries, o.size))) {
+  bool truncated = false;
+  if (!tolv::WriteFileAtomically(out, SheetSvg(fs::path(o.file).filename().string(), entries, o.size, &truncated))) {
     std::cerr << "tolv pattern: " << out << ": cannot be written\n";
     return 2;
   }
   std::cout << entries.size() << " patterns of " << o.file << " drawn to " << out << "\n";
+  if (truncated) std::cout << "  some patterns are too fine for their squares: their drawings stop early\n";
   return 0;
 }
 
