@@ -82,6 +82,16 @@ TEST_F(PatternTool, MissingFileIsAnErrorNamingIt) {
   EXPECT_NE(folder.err.find("folder"), std::string::npos) << folder.err;
 }
 
+TEST_F(PatternTool, FileFarBeyondAnyPatternFileIsRefused) {
+  // Sparse: 40 MB of nothing on disk, refused before it is read.
+  std::string file = Path("huge.pat");
+  fs::resize_file(Write("huge.pat", "*A,a\n0,0,0,0,1\n"), 40u << 20);
+  Result r = Tolv(Quote(file));
+  EXPECT_EQ(r.status, 2);
+  EXPECT_NE(r.err.find(file + ": 41943040 bytes, more than a pattern file holds"), std::string::npos) << r.err;
+  EXPECT_TRUE(r.out.empty()) << r.out;
+}
+
 TEST_F(PatternTool, BadUsageExitsTwo) {
   std::string file = Write("a.pat", "*A,a\n0,0,0,0,1\n");
   EXPECT_EQ(Tolv("").status, 2);

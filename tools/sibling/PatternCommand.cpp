@@ -2,6 +2,7 @@
 // the people who keep them. The file is read and written by the module's
 // pattern classes, exactly as the add-on reads and writes it.
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -56,6 +57,7 @@ const char kHelp[] =
     "  --all --svg DIR    draw every pattern with its name on one sheet,\n"
     "                     DIR/<name of FILE>.svg\n"
     "\n"
+    "Files over 32 MB are refused as unreadable input.\n"
     "Exit status: 0 done, 1 a check found problems, 2 bad usage or unreadable input.\n";
 
 struct Options {
@@ -130,10 +132,22 @@ std::string Parse(const std::vector<std::string> &args, Options &o) {
 std::wstring Wide(const std::string &utf8) { return tolv::FromUtf8(utf8); }
 std::string Utf8(const CString &text) { return tolv::ToUtf8(text.str()); }
 
+// Every field of a data line is a string of its own in memory, some eighty
+// times its size on disk: a file far beyond any real pattern file (they
+// run to a few hundred kilobytes) is refused rather than read.
+constexpr std::uintmax_t kMostBytes = 32u << 20;
+
 // Reads the file with the module; false (and a message) when it can't.
 bool ReadPatterns(const std::string &path, KyPats &pats) {
   if (fs::is_directory(path)) {
     std::cerr << "tolv pattern: " << path << ": is a folder, not a pattern file\n";
+    return false;
+  }
+  std::error_code ec;
+  const std::uintmax_t bytes = fs::file_size(path, ec);
+  if (!ec && bytes > kMostBytes) {
+    std::cerr << "tolv pattern: " << path << ": " << bytes << " bytes, more than a pattern file holds ("
+              << (kMostBytes >> 20) << " MB at most)\n";
     return false;
   }
   CStdioFile file;
