@@ -121,6 +121,22 @@ TEST_F(PatternTool, ScalesEveryPatternIntoTheOutputFile) {
             "; grid\n*NET, grid\n0,0,0,0,3.175\n90,0,0,0,3.175\n*D,d\n0,0,0,25.4,25.4,12.7,-12.7\n");
 }
 
+TEST_F(PatternTool, GbkFileIsListedDrawnAndScaledWithItsChineseKept) {
+  // "; 中文注释" and "*砖墙, brick" in code page 936.
+  const std::string comment = "; \xD6\xD0\xCE\xC4\xD7\xA2\xCA\xCD", head = "*\xD7\xA9\xC7\xBD, brick";
+  std::string file = Write("gbk.pat", comment + "\r\n" + head + "\r\n0,0,0,0,.5\r\n");
+  Result listed = Tolv(Quote(file));
+  EXPECT_EQ(listed.status, 0) << listed.err;
+  EXPECT_NE(listed.out.find("; 中文注释"), std::string::npos) << listed.out;
+  EXPECT_NE(listed.out.find("砖墙"), std::string::npos) << listed.out;
+  Result scaled = Tolv(Quote(file) + " --scale 2 --out " + Quote(Path("out.pat")));
+  EXPECT_EQ(scaled.status, 0) << scaled.err;
+  EXPECT_EQ(tolvtest::ReadFileBytes(Path("out.pat")), comment + "\r\n" + head + "\r\n0,0,0,0,1\r\n");
+  Result drawn = Tolv(Quote(file) + " --name 砖墙 --svg " + Quote(Path("gbk.svg")));
+  EXPECT_EQ(drawn.status, 0) << drawn.err;
+  EXPECT_TRUE(fs::exists(Path("gbk.svg")));
+}
+
 TEST_F(PatternTool, ScalingKeepsCrLfLineEnds) {
   std::string file = Write("crlf.pat", "*NET, grid\r\n0,0,0,0,1\r\n");
   EXPECT_EQ(Tolv(Quote(file) + " --scale 2 --out " + Quote(Path("out.pat"))).status, 0);
