@@ -55,4 +55,13 @@ TEST_F(PatternLine, MissingPatternOrFileFailsTheLine) {
   EXPECT_NE(run.out.find("PATTERN needs a pattern file and a pattern name"), std::string::npos) << run.out;
 }
 
+TEST_F(PatternLine, SizesAndCornersBeyondNumbersFailTheLine) {
+  HostRun run = Host("PATTERN tolv.pat TOLV_BRICK 0,0 inf\nPATTERN tolv.pat TOLV_BRICK 0,0 1e400\n"
+                     "PATTERN tolv.pat TOLV_BRICK nan,0 100\nQUIT\n");
+  EXPECT_TRUE(HasLine(run, "PATTERN: the size must be a positive number, not inf")) << run.out;
+  EXPECT_TRUE(HasLine(run, "PATTERN: the size must be a positive number, not 1e400")) << run.out;
+  EXPECT_TRUE(HasLine(run, "PATTERN: the corner is X,Y, not nan,0")) << run.out;
+  EXPECT_EQ(run.out.find("pieces drawn"), std::string::npos) << run.out;
+}
+
 }  // namespace

@@ -132,6 +132,18 @@ TEST(PatternBadInput, InvalidUtf8ReadsAsReplacementCharacters) {
   EXPECT_EQ(pats.GetPData(0).FirstName(), CString(L"\xFFFD\xFFFD"));
 }
 
+TEST(PatternBadInput, MillionCommentLinesAreAMillionEntries) {
+  // Three megabytes, one entry a line: the array must not be copied at
+  // every few entries.
+  std::string text;
+  for (int i = 0; i < 1000000; ++i) text += ";c\n";
+  KyPats pats;
+  ReadPats(pats, text);
+  ASSERT_EQ(pats.GetLength(), 999999);
+  EXPECT_EQ(pats.GetPData(999998).m_strHead, CString(L";c"));
+  EXPECT_LE(pats.GetSpaceSize(), 2 * pats.GetLength());
+}
+
 TEST(PatternBadInput, ManyTinyEntries) {
   std::string text;
   for (int i = 0; i < 20000; ++i) text += ";c\n";

@@ -1,6 +1,7 @@
 // Showing a pattern's lines in a list control.
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 #include "PatternTestSupport.h"
@@ -8,14 +9,25 @@
 
 namespace {
 
-// A list control that notes the messages it is sent.
+// A list control that notes the messages it is sent, and the items it is
+// asked to insert.
 class RecordingList : public CListCtrl {
  public:
+  struct Inserted {
+    UINT mask;
+    int item, subItem;
+    std::wstring text;
+  };
   std::vector<UINT> messages;
+  std::vector<Inserted> inserted;
 
  protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
     messages.push_back(message);
+    if (message == LVM_INSERTITEMW) {
+      const LVITEMW *item = reinterpret_cast<const LVITEMW *>(lParam);
+      inserted.push_back({item->mask, item->iItem, item->iSubItem, item->pszText ? item->pszText : L"(null)"});
+    }
     return CListCtrl::WindowProc(message, wParam, lParam);
   }
 };
@@ -76,6 +88,26 @@ TEST(PatternList, MessagesAreDeleteAllThenCountInsertAndTextPerLine) {
   expected.insert(expected.end(), {4100, LVM_INSERTITEMW});
   for (int i = 0; i < 7; ++i) expected.push_back(LVM_SETITEMTEXTW);
   EXPECT_EQ(list.messages, expected);
+}
+
+TEST(PatternList, EachLineInsertsAnEmptyTextItemAtTheRowCount) {
+  KyPats pats;
+  pattest::ReadPats(pats, "*A,a\n0,0,0,0,1\n90,0,0,0,1\n");
+  RecordingList list;
+  AddColumns(list);
+  list.InsertItem(0, L"one");
+  list.InsertItem(1, L"two");
+  list.inserted.clear();
+  KyPat &pat = pats.GetPData(0);
+  for (KyPatData *const *p = pat.m_lstData.GetFirst(); p; p = pat.m_lstData.GetNext(p)) (*p)->AppendListCtrl(list);
+  ASSERT_EQ(list.inserted.size(), 2u);
+  for (std::size_t k = 0; k < 2; ++k) {
+    EXPECT_EQ(list.inserted[k].mask, 1u);
+    EXPECT_EQ(list.inserted[k].item, static_cast<int>(2 + k));
+    EXPECT_EQ(list.inserted[k].subItem, 0);
+    EXPECT_EQ(list.inserted[k].text, L"");
+  }
+  EXPECT_EQ(list.GetItemText(3, 0), CString(L"90"));
 }
 
 TEST(PatternList, RowsGoBehindRowsAlreadyThere) {

@@ -60,6 +60,13 @@ TEST(PatternScale, ValuesFromTenBillionOnKeepEveryDigit) {
   EXPECT_EQ(Scaled(L"0,12345678901.5", 2), "0,24691357803");
 }
 
+TEST(PatternScale, LargeNegativeValuesAreCutToTenCharacters) {
+  // Only a value read as 1e10 or more keeps its digits; a large negative
+  // one is below that and is cut like any other.
+  EXPECT_EQ(Scaled(L"0,-50000000000", 1), "0,-500000000");
+  EXPECT_EQ(Scaled(L"0,-12345678901.5", 2), "0,-246913578");
+}
+
 TEST(PatternScale, HugeValuesInfinityAndNanDoNotCrash) {
   std::string big = Scaled(L"0,1e308", 1);
   EXPECT_EQ(big.size(), 2u + 309u);

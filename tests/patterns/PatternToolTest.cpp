@@ -27,7 +27,8 @@ class PatternTool : public ::testing::Test {
  protected:
   Result Tolv(const std::string &args) {
     fs::path out = dir_.path() / "stdout.txt", err = dir_.path() / "stderr.txt";
-    std::string command = Quote(TOLV_HOST_PATH) + " pattern " + args + " >" + Quote(out.string()) + " 2>" +
+    // A run that hangs fails the test (status 124) instead of the suite.
+    std::string command = "timeout 120 " + Quote(TOLV_HOST_PATH) + " pattern " + args + " >" + Quote(out.string()) + " 2>" +
                           Quote(err.string());
     Result r;
     int raw = std::system(command.c_str());
@@ -81,6 +82,16 @@ TEST_F(PatternTool, MissingFileIsAnErrorNamingIt) {
   EXPECT_NE(folder.err.find("folder"), std::string::npos) << folder.err;
 }
 
+TEST_F(PatternTool, FileFarBeyondAnyPatternFileIsRefused) {
+  // Sparse: 40 MB of nothing on disk, refused before it is read.
+  std::string file = Path("huge.pat");
+  fs::resize_file(Write("huge.pat", "*A,a\n0,0,0,0,1\n"), 40u << 20);
+  Result r = Tolv(Quote(file));
+  EXPECT_EQ(r.status, 2);
+  EXPECT_NE(r.err.find(file + ": 41943040 bytes, more than a pattern file holds"), std::string::npos) << r.err;
+  EXPECT_TRUE(r.out.empty()) << r.out;
+}
+
 TEST_F(PatternTool, BadUsageExitsTwo) {
   std::string file = Write("a.pat", "*A,a\n0,0,0,0,1\n");
   EXPECT_EQ(Tolv("").status, 2);
@@ -108,6 +119,22 @@ TEST_F(PatternTool, ScalesEveryPatternIntoTheOutputFile) {
   EXPECT_EQ(r.status, 0) << r.err;
   EXPECT_EQ(tolvtest::ReadFileBytes(Path("out.pat")),
             "; grid\n*NET, grid\n0,0,0,0,3.175\n90,0,0,0,3.175\n*D,d\n0,0,0,25.4,25.4,12.7,-12.7\n");
+}
+
+TEST_F(PatternTool, GbkFileIsListedDrawnAndScaledWithItsChineseKept) {
+  // "; 中文注释" and "*砖墙, brick" in code page 936.
+  const std::string comment = "; \xD6\xD0\xCE\xC4\xD7\xA2\xCA\xCD", head = "*\xD7\xA9\xC7\xBD, brick";
+  std::string file = Write("gbk.pat", comment + "\r\n" + head + "\r\n0,0,0,0,.5\r\n");
+  Result listed = Tolv(Quote(file));
+  EXPECT_EQ(listed.status, 0) << listed.err;
+  EXPECT_NE(listed.out.find("; 中文注释"), std::string::npos) << listed.out;
+  EXPECT_NE(listed.out.find("砖墙"), std::string::npos) << listed.out;
+  Result scaled = Tolv(Quote(file) + " --scale 2 --out " + Quote(Path("out.pat")));
+  EXPECT_EQ(scaled.status, 0) << scaled.err;
+  EXPECT_EQ(tolvtest::ReadFileBytes(Path("out.pat")), comment + "\r\n" + head + "\r\n0,0,0,0,1\r\n");
+  Result drawn = Tolv(Quote(file) + " --name 砖墙 --svg " + Quote(Path("gbk.svg")));
+  EXPECT_EQ(drawn.status, 0) << drawn.err;
+  EXPECT_TRUE(fs::exists(Path("gbk.svg")));
 }
 
 TEST_F(PatternTool, ScalingKeepsCrLfLineEnds) {
@@ -228,6 +255,51 @@ TEST_F(PatternTool, TooFineASpacingStopsTheDrawingEarly) {
   Result r = Tolv(Quote(file) + " --name F --svg " + Quote(Path("f.svg")) + " --extent 10");
   EXPECT_EQ(r.status, 0);
   EXPECT_NE(r.out.find("stops early"), std::string::npos) << r.out;
+}
+
+TEST_F(PatternTool, DashesFarFromTheOriginEndWithoutHanging) {
+  // At 1e17 a dash of 1 is lost in the rounding of the walk along the line.
+  std::string file = Write("far.pat", "*FAR, far away\n0, 1e17,0, 0,1, 1,-1\n");
+  Result r = Tolv(Quote(file) + " --name FAR --svg " + Quote(Path("far.svg")) + " --extent 10");
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_NE(r.out.find("stops early"), std::string::npos) << r.out;
+  Result all = Tolv(Quote(file) + " --all --svg " + Quote(Path("far-sheet")));
+  EXPECT_EQ(all.status, 0) << all.err;
+  EXPECT_NE(all.out.find("stop early"), std::string::npos) << all.out;
+}
+
+TEST_F(PatternTool, ManyTinyGapsEndWithoutHanging) {
+  // A dash too short to draw and 100,000 gaps: no pieces, many steps.
+  std::string line = "0, 0,0, 0,1, 1e-9";
+  for (int i = 0; i < 100000; ++i) line += ",-1e-9";
+  std::string file = Write("gaps.pat", "*GAPS, tiny gaps\n" + line + "\n");
+  Result r = Tolv(Quote(file) + " --name GAPS --svg " + Quote(Path("gaps.svg")) + " --extent 10");
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_NE(r.out.find("stops early"), std::string::npos) << r.out;
+}
+
+TEST_F(PatternTool, HugeOriginsOffsetsAndSpacingsDrawNothingOutOfPlace) {
+  std::string file = Write("huge.pat",
+                           "*FARY, far across\n0, 0,1e300, 0,1\n"
+                           "*WIDE, spacing that overflows the square\n0, 0,0, 0,1e308\n"
+                           "*OVER, offsets that overflow\n0, 0,0, 1e308,1e308, 1,-1\n");
+  for (const char *name : {"FARY", "WIDE", "OVER"}) {
+    SCOPED_TRACE(name);
+    std::string svgFile = Path(std::string(name) + ".svg");
+    Result r = Tolv(Quote(file) + " --name " + name + " --svg " + Quote(svgFile));
+    ASSERT_EQ(r.status, 0) << r.err;
+    Svg svg;
+    ASSERT_TRUE(ReadSvg(svgFile, svg));
+    // A coordinate that is not a number stops the reading short.
+    for (const auto &line : svg.lines) EXPECT_EQ(line.size(), 4u);
+    for (const auto &dot : svg.dots) EXPECT_EQ(dot.size(), 2u);
+    for (const auto &pieces : {svg.lines, svg.dots})
+      for (const auto &piece : pieces)
+        for (double c : piece) EXPECT_TRUE(std::isfinite(c)) << c;
+    EXPECT_EQ(svg.size.find("inf"), std::string::npos) << svg.size;
+    EXPECT_EQ(svg.size.find("nan"), std::string::npos) << svg.size;
+  }
+  EXPECT_EQ(Tolv(Quote(file) + " --all --svg " + Quote(Path("huge-sheet"))).status, 0);
 }
 
 TEST_F(PatternTool, SheetShowsEveryPatternWithItsName) {

@@ -2,6 +2,7 @@
 // the people who keep them. The file is read and written by the module's
 // pattern classes, exactly as the add-on reads and writes it.
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -9,6 +10,8 @@
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 #include "SiblingRegistry.h"
 #include "TolvDataBase.h"
@@ -56,6 +59,8 @@ const char kHelp[] =
     "  --all --svg DIR    draw every pattern with its name on one sheet,\n"
     "                     DIR/<name of FILE>.svg\n"
     "\n"
+    "A file that is not UTF-8 is read, and its scaled copy written, as GBK\n"
+    "(code page 936). Files over 32 MB are refused as unreadable input.\n"
     "Exit status: 0 done, 1 a check found problems, 2 bad usage or unreadable input.\n";
 
 struct Options {
@@ -130,25 +135,61 @@ std::string Parse(const std::vector<std::string> &args, Options &o) {
 std::wstring Wide(const std::string &utf8) { return tolv::FromUtf8(utf8); }
 std::string Utf8(const CString &text) { return tolv::ToUtf8(text.str()); }
 
+// Every field of a data line is a string of its own in memory, some eighty
+// times its size on disk: a file far beyond any real pattern file (they
+// run to a few hundred kilobytes) is refused rather than read.
+constexpr std::uintmax_t kMostBytes = 32u << 20;
+
+// Pattern files written on the add-on's home systems are GBK (code page
+// 936); a file that is not valid UTF-8 is taken to be one, so that its
+// Chinese comments are read, and written back, as they stand.
+bool IsUtf8(const std::string &bytes) { return tolv::ToUtf8(tolv::FromUtf8(bytes)) == bytes; }
+
+// A scratch file of this process for a GBK file's UTF-8 form.
+std::string ScratchPath(const char *tag) {
+  return (fs::temp_directory_path() / ("tolv-pattern-" + std::to_string(::getpid()) + "-" + tag + ".pat")).string();
+}
+
 // Reads the file with the module; false (and a message) when it can't.
-bool ReadPatterns(const std::string &path, KyPats &pats) {
+// `gbk` tells whether the file was read as GBK.
+bool ReadPatterns(const std::string &path, KyPats &pats, bool *gbk = nullptr) {
   if (fs::is_directory(path)) {
     std::cerr << "tolv pattern: " << path << ": is a folder, not a pattern file\n";
     return false;
   }
+  std::error_code ec;
+  const std::uintmax_t size = fs::file_size(path, ec);
+  if (!ec && size > kMostBytes) {
+    std::cerr << "tolv pattern: " << path << ": " << size << " bytes, more than a pattern file holds ("
+              << (kMostBytes >> 20) << " MB at most)\n";
+    return false;
+  }
+  std::string bytes, readFrom = path;
+  const bool isGbk = tolv::ReadWholeFile(path, bytes) && !IsUtf8(bytes);
+  if (gbk) *gbk = isGbk;
+  if (isGbk) {
+    readFrom = ScratchPath("in");
+    if (!tolv::WriteFileAtomically(readFrom, tolv::ToUtf8(tolv::FromGbk(bytes)))) {
+      std::cerr << "tolv pattern: " << path << ": no scratch room to read it as GBK (" << readFrom << ")\n";
+      return false;
+    }
+  }
   CStdioFile file;
   CFileException error;
-  if (!file.Open(Wide(path).c_str(), CFile::modeRead | CFile::typeText, &error)) {
+  bool read = false;
+  if (!file.Open(Wide(readFrom).c_str(), CFile::modeRead | CFile::typeText, &error)) {
     std::cerr << "tolv pattern: " << path << ": cannot be read (" << error.what() << ")\n";
-    return false;
+  } else {
+    try {
+      pats << file;
+      read = true;
+    } catch (const CFileException &e) {
+      std::cerr << "tolv pattern: " << path << ": read failed (" << e.what() << ")\n";
+    }
+    file.Close();
   }
-  try {
-    pats << file;
-  } catch (const CFileException &e) {
-    std::cerr << "tolv pattern: " << path << ": read failed (" << e.what() << ")\n";
-    return false;
-  }
-  return true;
+  if (isGbk) fs::remove(readFrom, ec);
+  return read;
 }
 
 // The file's line numbers of the heads and of the data lines, in order, by
@@ -234,8 +275,12 @@ bool UsesCrLf(const std::string &path) {
 
 int Scale(const Options &o) {
   KyPats pats;
-  if (!ReadPatterns(o.file, pats)) return 2;
+  bool gbk = false;
+  if (!ReadPatterns(o.file, pats, &gbk)) return 2;
   for (std::int32_t i = 0; i < pats.GetLength(); ++i) pats.GetPData(i).Scale(o.scale);
+  // A GBK file is written as UTF-8 beside the scratch input, then turned
+  // back into GBK and saved in one piece.
+  const std::string writeTo = gbk ? ScratchPath("out") : o.out;
   // The message box the writer raises for each over-long line is counted
   // and its text shown once.
   int marked = 0;
@@ -250,7 +295,7 @@ int Scale(const Options &o) {
     CStdioFile file;
     CFileException error;
     UINT mode = CFile::modeCreate | CFile::modeWrite | (UsesCrLf(o.file) ? CFile::typeText : CFile::typeBinary);
-    if (!file.Open(Wide(o.out).c_str(), mode, &error)) {
+    if (!file.Open(Wide(writeTo).c_str(), mode, &error)) {
       std::cerr << "tolv pattern: " << o.out << ": cannot be written (" << error.what() << ")\n";
       status = 2;
     } else {
@@ -262,6 +307,16 @@ int Scale(const Options &o) {
     status = 2;
   }
   tolv::SetMessageBoxSink(std::move(old));
+  if (gbk) {
+    std::string utf8;
+    if (status == 0 &&
+        (!tolv::ReadWholeFile(writeTo, utf8) || !tolv::WriteFileAtomically(o.out, tolv::ToGbk(tolv::FromUtf8(utf8))))) {
+      std::cerr << "tolv pattern: " << o.out << ": cannot be written\n";
+      status = 2;
+    }
+    std::error_code ec;
+    fs::remove(writeTo, ec);
+  }
   if (status != 0) return status;
   std::cout << o.file << " scaled by " << o.scale << ": " << pats.GetLength() << " entries written to " << o.out
             << "\n";
@@ -315,11 +370,13 @@ int DrawAll(const Options &o) {
   }
   std::string stem = fs::path(o.file).stem().string();
   std::string out = (fs::path(o.svg) / (stem + ".svg")).string();
-  if (!tolv::WriteFileAtomically(out, SheetSvg(fs::path(o.file).filename().string(), entries, o.size))) {
+  bool truncated = false;
+  if (!tolv::WriteFileAtomically(out, SheetSvg(fs::path(o.file).filename().string(), entries, o.size, &truncated))) {
     std::cerr << "tolv pattern: " << out << ": cannot be written\n";
     return 2;
   }
   std::cout << entries.size() << " patterns of " << o.file << " drawn to " << out << "\n";
+  if (truncated) std::cout << "  some patterns are too fine for their squares: their drawings stop early\n";
   return 0;
 }
 

@@ -1,6 +1,7 @@
 // PATTERN FILE NAME [X,Y] [SIZE]: draws a hatch pattern over a square into
 // the document's drawing, as lines (and small circles for its dots), so the
 // pattern can be looked at in the saved drawing.
+#include <cmath>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -27,7 +28,7 @@ constexpr std::size_t kMostPieces = 20000;
 bool ParseDouble(const std::string &text, double &value) {
   char *end = nullptr;
   value = std::strtod(text.c_str(), &end);
-  return !text.empty() && *end == '\0';
+  return !text.empty() && *end == '\0' && std::isfinite(value);
 }
 
 bool Append(AcDbBlockTableRecord *space, AcDbEntity *entity, Adesk::UInt16 color) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cwchar>
+#include <limits>
 #include <numbers>
 
 #include "TolvDataBase.h"
@@ -24,6 +25,8 @@ bool ReadNumber(const CString &text, double &value) {
 bool ClipToSquare(double px, double py, double ux, double uy, double extent, double &t0, double &t1) {
   t0 = -HUGE_VAL;
   t1 = HUGE_VAL;
+  // A line placed by offsets that overflowed is nowhere.
+  if (!std::isfinite(px) || !std::isfinite(py)) return false;
   const double p[2] = {px, py}, u[2] = {ux, uy};
   for (int axis = 0; axis < 2; ++axis) {
     if (std::fabs(u[axis]) < 1e-12) {
@@ -72,6 +75,15 @@ std::vector<Family> ReadFamilies(const KyPat &pat, int *unreadable) {
 
 Drawing Draw(const std::vector<Family> &families, double extent, std::size_t limit) {
   Drawing drawing;
+  // A square of no size, or one too big for the arithmetic, shows nothing.
+  if (!(extent > 0) || !std::isfinite(extent)) {
+    drawing.truncated = true;
+    return drawing;
+  }
+  // Steps of the dash walks, pieces or not: dashes lost in the rounding far
+  // from the origin, or many tiny gaps, would otherwise walk for ever.
+  const double mostSteps = 50.0 * static_cast<double>(limit);
+  double steps = 0;
   auto full = [&] {
     if (drawing.segments.size() + drawing.dots.size() < limit) return false;
     drawing.truncated = true;
@@ -94,6 +106,12 @@ Drawing Draw(const std::vector<Family> &families, double extent, std::size_t lim
     if (std::fabs(f.dy) > 1e-12) {
       double k1 = lo / f.dy, k2 = hi / f.dy;
       if (k1 > k2) std::swap(k1, k2);
+      // Lines numbered beyond what a 64-bit count and a double's digits
+      // hold lie too far from the origin to place.
+      if (!std::isfinite(k1) || !std::isfinite(k2) || std::fabs(k1) > 1e15 || std::fabs(k2) > 1e15) {
+        drawing.truncated = true;
+        continue;
+      }
       if (k2 - k1 > static_cast<double>(limit)) {
         drawing.truncated = true;
         k2 = k1 + static_cast<double>(limit);
@@ -125,6 +143,10 @@ Drawing Draw(const std::vector<Family> &families, double extent, std::size_t lim
       while (t <= t1 + 1e-9) {
         for (double d : f.dashes) {
           if (t > t1 + 1e-9) break;
+          if (++steps > mostSteps) {
+            drawing.truncated = true;
+            return drawing;
+          }
           if (d > 0) {
             double s = std::max(t, t0), e = std::min(t + d, t1);
             if (e > s + 1e-9) {
@@ -150,7 +172,10 @@ double NaturalExtent(const std::vector<Family> &families) {
     for (double d : f.dashes) period += std::fabs(d);
     longest = std::max({longest, std::fabs(f.dy), period});
   }
-  return longest > 0 ? 10 * longest : 10;
+  if (!(longest > 0)) return 10;
+  // Spacings near the largest double still give a square that can be drawn.
+  const double extent = 10 * longest;
+  return std::isfinite(extent) ? extent : std::numeric_limits<double>::max();
 }
 
 }  // namespace tolv::sibling::patterns

@@ -1,5 +1,6 @@
 #include "patterns/PatternSvg.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace tolv::sibling::patterns {
@@ -65,7 +66,12 @@ std::string PatternSvg(const std::string &name, const std::vector<Family> &famil
   return svg;
 }
 
-std::string SheetSvg(const std::string &title, const std::vector<SheetEntry> &entries, int size) {
+std::string SheetSvg(const std::string &title, const std::vector<SheetEntry> &entries, int size, bool *truncated,
+                     std::size_t mostPieces) {
+  if (truncated) *truncated = false;
+  // What the sheet may still hold: a file of thousands of dense patterns
+  // would otherwise make a picture of gigabytes.
+  std::size_t left = mostPieces;
   const int columns = 6, label = 18, gap = 10;
   const int cell = size + gap, rowHeight = size + label + gap;
   const int rows = static_cast<int>((entries.size() + columns - 1) / columns);
@@ -81,7 +87,9 @@ std::string SheetSvg(const std::string &title, const std::vector<SheetEntry> &en
     const int y = 30 + gap + static_cast<int>(i / columns) * rowHeight;
     const double extent = NaturalExtent(entry.families);
     const double scale = size / extent;
-    Drawing drawing = Draw(entry.families, extent, 20000);
+    Drawing drawing = Draw(entry.families, extent, std::min<std::size_t>(20000, left));
+    left -= std::min(left, drawing.segments.size() + drawing.dots.size());
+    if (drawing.truncated && truncated) *truncated = true;
     svg += "<g class=\"tile\">\n";
     svg += "<rect x=\"" + std::to_string(x) + "\" y=\"" + std::to_string(y) + "\" width=\"" + std::to_string(size) +
            "\" height=\"" + std::to_string(size) + "\" fill=\"white\" stroke=\"#888\"/>\n";

@@ -2,6 +2,7 @@
 // of every pattern of a file with its name.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,10 @@ struct SheetEntry {
 };
 
 // Tiles of `size` pixels in rows, each pattern over its natural square,
-// with its name beneath.
-std::string SheetSvg(const std::string &title, const std::vector<SheetEntry> &entries, int size);
+// with its name beneath. A tile holds at most 20,000 pieces and the sheet
+// at most `mostPieces`; `truncated` tells when a tile was cut short.
+std::string SheetSvg(const std::string &title, const std::vector<SheetEntry> &entries, int size,
+                     bool *truncated = nullptr, std::size_t mostPieces = 2000000);
 
 // Text made safe for XML character data and attributes.
 std::string XmlEscape(const std::string &text);
