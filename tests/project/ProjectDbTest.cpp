@@ -84,6 +84,20 @@ TEST(ProjectDbFile, FailedReadKeepsThePath) {
   EXPECT_EQ(db.GetProjectFile().Compare(before), 0);
 }
 
+TEST(ProjectDbFile, AReadThatCantBindItsPartsGivesFalseAndKeepsThePath) {
+  tolvtest::ScratchDir dir("prjdb_nobind");
+  KyDtProjectDb db;
+  OpenEmpty(db, dir);
+  CString before = db.GetProjectFile();
+  ASSERT_FALSE(before.IsEmpty());
+  // A file whose "VIEWS" is a value, not a dictionary.
+  KyDtDictionary odd;
+  odd.SetValue(L"VIEWS", 1L);
+  ASSERT_TRUE(odd.SaveToXML(SystemPath(dir, "odd.orpx").c_str()));
+  EXPECT_FALSE(db.ReadFromXML(SystemPath(dir, "odd.orpx").c_str()));
+  EXPECT_EQ(db.GetProjectFile().Compare(before), 0);
+}
+
 TEST(ProjectDbFile, SaveToXmlStoresThePathAndPathOperationsUseIt) {
   tolvtest::ScratchDir dir("prjdb_saveas");
   KyDtProjectDb db;
