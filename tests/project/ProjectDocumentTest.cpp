@@ -283,6 +283,14 @@ TEST(FloorNumberGrammar, EveryRowOfTheTable) {
   EXPECT_FALSE(Parse(L"B1").ok);
   // The blanks go from the caller's text.
   EXPECT_EQ(Parse(L" 2 - 5 ").text, L"2-5");
+  // A sign alone is a whole number too: floor 0.
+  for (const wchar_t *sign : {L"-", L"+"}) {
+    Parsed p = Parse(sign);
+    EXPECT_TRUE(p.ok && !p.isRange) << sign;
+  }
+  EXPECT_TRUE(Connected({"-", "1"}));
+  EXPECT_TRUE(Connected({"-1", "+"})) << "the first number only sets the start";
+  EXPECT_FALSE(Connected({"-2", "-1", "+"})) << "after -1 comes 1, and 0 repeats";
 }
 
 TEST(FloorConnection, EveryRowOfTheTableThroughTheCheck) {
