@@ -25,7 +25,13 @@ bool KyDtProjectDb::BindDict() {
 }
 
 bool KyDtProjectDb::ReadFromXML(const wchar_t *path) {
-  if (!KyDtDictionary::ReadFromXML(path) || !BindDict()) return false;
+  // The dictionary's read resets the tree through our Reset, which forgets
+  // the path; a read that then can't bind its parts keeps the old one.
+  const CString kept = m_strProjectFile;
+  if (!KyDtDictionary::ReadFromXML(path) || !BindDict()) {
+    m_strProjectFile = kept;
+    return false;
+  }
   m_strProjectFile = path;
   return true;
 }

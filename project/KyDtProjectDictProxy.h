@@ -13,12 +13,15 @@ class KyDtProjectDictProxy {
   KyDtProjectDictProxy() = default;
   KyDtProjectDictProxy(const KyDtProjectDictProxy &) = default;
   KyDtProjectDictProxy &operator=(const KyDtProjectDictProxy &) = default;
-  virtual ~KyDtProjectDictProxy() = default;
 
+  // The two operations come first in the table of virtual operations;
+  // the destructor, virtual so that owning lists may free any proxy,
+  // follows them.
   // Stores the pointer; true. Proxies with parts of their own bind those
   // too, creating the dictionaries they need.
   virtual bool BindDict(KyDtDictionary *dict);
   virtual KyDtDictionary *operator->();
+  virtual ~KyDtProjectDictProxy() = default;
 
   KyDtDictionary *Dict() const { return m_pDict; }
 

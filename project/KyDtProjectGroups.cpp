@@ -4,11 +4,19 @@
 
 using namespace tolv::project;
 
-bool KyDtProjectGroupOwner::BindDict(KyDtDictionary *dict) {
+bool KyDtProjectViews::BindDict(KyDtDictionary *dict) {
   m_pDict = dict;
-  KyDtDictionary *group = dict ? dict->FindOrAddDict(L"GROUP") : nullptr;
-  if (!group) return false;
-  return m_groupDef.BindDict(group);
+  return BindPart(dict, L"GROUP", m_groupDef);
+}
+
+bool KyDtProjectDrawings::BindDict(KyDtDictionary *dict) {
+  m_pDict = dict;
+  return BindPart(dict, L"GROUP", m_groupDef);
+}
+
+bool KyDtProjectFiles::BindDict(KyDtDictionary *dict) {
+  m_pDict = dict;
+  return BindPart(dict, L"GROUP", m_groupDef);
 }
 
 KyDtProjectView *KyDtProjectViews::GetView(const wchar_t *name) { return GetChild<KyDtProjectView>(m_pDict, L"", name); }

@@ -18,39 +18,50 @@ class KyDtPrjFile : public KyDtProjectDictProxy {};
 // "SETTINGS": project settings with no fixed keys.
 class KyDtProjectSettings : public KyDtProjectDictProxy {};
 
-// The common part of the three owners: binding adds "GROUP" when missing.
-class KyDtProjectGroupOwner : public KyDtProjectDictProxy {
+// "VIEWS". Binding adds "GROUP" when missing.
+class KyDtProjectViews : public KyDtProjectDictProxy {
  public:
   bool BindDict(KyDtDictionary *dict) override;
+
+  KyDtProjectView *GetView(const wchar_t *name);
+  KyDtProjectView *AddView(const wchar_t *name);
+  void DelView(const wchar_t *name);
+  void GetAllView(KyPDList<KyDtProjectView> &list);
+
   KyDtProjectGroupDef &GroupDef() { return m_groupDef; }
 
  private:
   KyDtProjectGroupDef m_groupDef;
 };
 
-// "VIEWS".
-class KyDtProjectViews : public KyDtProjectGroupOwner {
+// "DRAWINGS". Binding adds "GROUP" when missing.
+class KyDtProjectDrawings : public KyDtProjectDictProxy {
  public:
-  KyDtProjectView *GetView(const wchar_t *name);
-  KyDtProjectView *AddView(const wchar_t *name);
-  void DelView(const wchar_t *name);
-  void GetAllView(KyPDList<KyDtProjectView> &list);
-};
+  bool BindDict(KyDtDictionary *dict) override;
 
-// "DRAWINGS".
-class KyDtProjectDrawings : public KyDtProjectGroupOwner {
- public:
   KyDtProjectDrawing *GetDrawing(const wchar_t *name);
   KyDtProjectDrawing *AddDrawing(const wchar_t *name);
   void DelDrawing(const wchar_t *name);
   void GetAllDrawing(KyPDList<KyDtProjectDrawing> &list);
+
+  KyDtProjectGroupDef &GroupDef() { return m_groupDef; }
+
+ private:
+  KyDtProjectGroupDef m_groupDef;
 };
 
-// "FILES".
-class KyDtProjectFiles : public KyDtProjectGroupOwner {
+// "FILES". Binding adds "GROUP" when missing.
+class KyDtProjectFiles : public KyDtProjectDictProxy {
  public:
+  bool BindDict(KyDtDictionary *dict) override;
+
   KyDtPrjFile *GetFile(const wchar_t *name);
   KyDtPrjFile *AddFile(const wchar_t *name);
   void DelFile(const wchar_t *name);
   void GetAllFile(KyPDList<KyDtPrjFile> &list);
+
+  KyDtProjectGroupDef &GroupDef() { return m_groupDef; }
+
+ private:
+  KyDtProjectGroupDef m_groupDef;
 };

@@ -102,4 +102,9 @@ void KyDtProjectDrawing::GetAllSubViewRef(KyDList<KyDtDictReferenceItem *> &list
   }
 }
 
-std::int32_t KyDtProjectDrawing::GetSubViewRefNum() { return m_pDict->FindDict(L"SUB_VIEWS")->GetLength(); }
+std::int32_t KyDtProjectDrawing::GetSubViewRefNum() {
+  // Callers ask only drawings that have had AddViewDef; one read from a
+  // file may still lack the list, and has no sub-views then.
+  KyDtDictionary *views = m_pDict->FindDict(L"SUB_VIEWS");
+  return views ? views->GetLength() : 0;
+}

@@ -74,7 +74,7 @@ class KyDtProjectDrawing : public KyDtProjectDictProxy {
   // Appends the references of "SUB_VIEWS" in order; the list doesn't own
   // them.
   void GetAllSubViewRef(KyDList<KyDtDictReferenceItem *> &list);
-  // The number of items of "SUB_VIEWS", which must exist: ask only a
-  // drawing that has had AddViewDef.
+  // The number of items of "SUB_VIEWS". Meant for a drawing that has had
+  // AddViewDef; without the list it is 0.
   std::int32_t GetSubViewRefNum();
 };

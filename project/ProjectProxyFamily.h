@@ -9,6 +9,7 @@
 #include "containers/KyPDList.h"
 #include "dictionary/KyDtDictStringItem.h"
 #include "dictionary/KyDtDictionary.h"
+#include "project/KyDtProjectDictProxy.h"
 
 namespace tolv::project {
 
@@ -53,6 +54,13 @@ void GetAllChildren(KyDtDictionary *parent, const wchar_t *className, KyPDList<T
     }
     parent->MoveToNext();
   }
+}
+
+// Binds `part` to the dictionary `key` of `dict`, adding it when missing;
+// false when it can't be made (another kind of item holds the key).
+inline bool BindPart(KyDtDictionary *dict, const wchar_t *key, KyDtProjectDictProxy &part) {
+  KyDtDictionary *found = dict ? dict->FindOrAddDict(key) : nullptr;
+  return found && part.BindDict(found);
 }
 
 // The reference item at `key`, made when missing; null when another kind

@@ -130,6 +130,24 @@ TEST_F(ProjectCommand, DanglingAndSelfReferencesAreMarked) {
   EXPECT_EQ(Run({"--db", file("Riverside.orpx")}).status, 0);
 }
 
+TEST_F(ProjectCommand, DatabaseWithSubFloorsNestedFortyThousandDeepIsShown) {
+  const int depth = 40000;
+  std::string xml = "<?xml version=\"1.0\"?><TolvDictionary><Directory name=\"MODELS\"><Region name=\"0\">"
+                    "<Directory name=\"FLOORS\"><Floor name=\"F\">";
+  for (int i = 0; i < depth; ++i) xml += "<Directory name=\"SUB_FLOORS\"><SubFloor name=\"S\">";
+  for (int i = 0; i < depth; ++i) xml += "</SubFloor></Directory>";
+  xml += "</Floor></Directory></Region></Directory></TolvDictionary>";
+  tolvtest::WriteFileBytes(work_.path() / "deep.orpx", xml);
+  HostRun run = Run({"--db", (work_.path() / "deep.orpx").string()});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(Has(run.out, "\n    floor F  height 3000"));
+  EXPECT_TRUE(Has(run.out, "\n      sub-floor S  height 3000"));
+  EXPECT_TRUE(Has(run.out, "[level 40002] sub-floor S  height 3000"));
+  EXPECT_TRUE(Has(run.out, "References pointing nowhere: 0"));
+  // The indent stops growing, so the text grows with the depth, not its square.
+  EXPECT_LT(run.out.size(), static_cast<std::size_t>(depth) * 200);
+}
+
 TEST_F(ProjectCommand, HostLinesReadTheProjectDrawItsFloorsAndKyPrjUpdatesTheTemplate) {
   fs::path support = work_.path() / "support";
   fs::copy(fs::path(TOLV_SOURCE_DIR) / "share" / "support", support, fs::copy_options::recursive);

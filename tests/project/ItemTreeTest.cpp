@@ -414,3 +414,28 @@ TEST(ProjectItemDepth, TenThousandNestedDirectoriesReadCompareWriteAndFree) {
   c.Reset();
   EXPECT_EQ(c.GetLength(), 0);
 }
+
+TEST(ProjectItemDepth, ADictionaryNestedTenThousandDeepReadsComparesAndSaves) {
+  tolvtest::ScratchDir dir("prj_deep_dict");
+  const int depth = 10000;
+  std::string xml = std::string(kHead) + "<TolvProject><TolvDictionary name=\"S\">";
+  for (int i = 0; i < depth; ++i) xml += "<Directory name=\"d\">";
+  xml += "<Int name=\"n\">7</Int>";
+  for (int i = 0; i < depth; ++i) xml += "</Directory>";
+  xml += "</TolvDictionary></TolvProject>";
+  tolvtest::WriteFileBytes(dir.path() / "deep.xml", xml);
+  std::wstring path = prjtest::SystemPath(dir, "deep.xml");
+  KyDtProject a;
+  ASSERT_TRUE(a.ReadFromXML(path.c_str()));
+  ASSERT_NE(a.FindDict(L"S"), nullptr);
+  KyDtProject b;
+  ASSERT_TRUE(b.ReadFromXML(path.c_str()));
+  EXPECT_TRUE(a.IsSameWith(&b));
+  ASSERT_TRUE(a.SaveToXML(path.c_str()));
+  KyDtProject c;
+  ASSERT_TRUE(c.ReadFromXML(path.c_str()));
+  EXPECT_TRUE(c.IsSameWith(&b));
+  // One more level anywhere makes them differ.
+  c.FindDict(L"S")->SetValue(L"extra", 1L);
+  EXPECT_FALSE(c.IsSameWith(&b));
+}

@@ -48,6 +48,30 @@ TEST(ProjectDbBind, BindAddsTheFivePartsInOrder) {
   EXPECT_EQ(db.GetLength(), 5);
 }
 
+TEST(ProjectDbBind, EachOwnerOfGroupsBindsItsGroupAndFailsOverAValue) {
+  KyDtDictionary root;
+  KyDtProjectViews views;
+  KyDtProjectDrawings drawings;
+  KyDtProjectFiles files;
+  KyDtProjectDictProxy *owners[] = {&views, &drawings, &files};
+  KyDtProjectGroupDef *groups[] = {&views.GroupDef(), &drawings.GroupDef(), &files.GroupDef()};
+  const wchar_t *keys[] = {L"V", L"D", L"F"};
+  for (int i = 0; i < 3; ++i) {
+    KyDtDictionary *dict = root.FindOrAddDict(keys[i]);
+    ASSERT_TRUE(owners[i]->BindDict(dict)) << i;
+    EXPECT_EQ(owners[i]->Dict(), dict);
+    ASSERT_NE(dict->FindDict(L"GROUP"), nullptr);
+    EXPECT_EQ(groups[i]->Dict(), dict->FindDict(L"GROUP"));
+  }
+  // "GROUP" held by a value: false, with the owner's pointer stored.
+  KyDtDictionary *odd = root.FindOrAddDict(L"ODD");
+  odd->SetValue(L"GROUP", 1L);
+  KyDtProjectFiles other;
+  EXPECT_FALSE(other.BindDict(odd));
+  EXPECT_EQ(other.Dict(), odd);
+  EXPECT_EQ(other.GroupDef().Dict(), nullptr);
+}
+
 TEST(ProjectDbBind, FailsWhenAValueHoldsAPartsName) {
   KyDtProjectDb db;
   db.SetValue(L"VIEWS", 1L);
@@ -81,6 +105,20 @@ TEST(ProjectDbFile, FailedReadKeepsThePath) {
   EXPECT_FALSE(db.ReadFromXML(SystemPath(dir, "other.xml").c_str()));
   tolvtest::WriteFileBytes(dir.path() / "broken.xml", "<TolvDictionary><Directory>");
   EXPECT_FALSE(db.ReadFromXML(SystemPath(dir, "broken.xml").c_str()));
+  EXPECT_EQ(db.GetProjectFile().Compare(before), 0);
+}
+
+TEST(ProjectDbFile, AReadThatCantBindItsPartsGivesFalseAndKeepsThePath) {
+  tolvtest::ScratchDir dir("prjdb_nobind");
+  KyDtProjectDb db;
+  OpenEmpty(db, dir);
+  CString before = db.GetProjectFile();
+  ASSERT_FALSE(before.IsEmpty());
+  // A file whose "VIEWS" is a value, not a dictionary.
+  KyDtDictionary odd;
+  odd.SetValue(L"VIEWS", 1L);
+  ASSERT_TRUE(odd.SaveToXML(SystemPath(dir, "odd.orpx").c_str()));
+  EXPECT_FALSE(db.ReadFromXML(SystemPath(dir, "odd.orpx").c_str()));
   EXPECT_EQ(db.GetProjectFile().Compare(before), 0);
 }
 

@@ -205,6 +205,45 @@ TEST(ProjectDwgSet, NestedDirectoriesDepthFirstAndEveryKindAsADrawing) {
   EXPECT_EQ(files.GetAt(3).Compare(folder + L"d.dwg"), 0);
 }
 
+TEST(ProjectDwgSet, OnlyDirectoriesAreWalkedANestedProjectOrDictionaryIsADrawing) {
+  tolvtest::ScratchDir dir("prj_dwgset_kinds");
+  KyDtProject project;
+  Bind(project, dir, "p.xml",
+       "<Directory name=\"DWG_SET\"><TolvProject name=\"inner.dwg\"><File name=\"hidden.dwg\"/></TolvProject>"
+       "<TolvDictionary name=\"conf.dwg\"/><Item name=\"item.dwg\"/></Directory>");
+  KyDList<CString> files;
+  ASSERT_TRUE(project.GetDwgSetFiles(files));
+  CString folder;
+  project.GetFilePath(folder);
+  ASSERT_EQ(files.GetLength(), 3);
+  EXPECT_EQ(files.GetAt(0).Compare(folder + L"inner.dwg"), 0);
+  EXPECT_EQ(files.GetAt(1).Compare(folder + L"conf.dwg"), 0);
+  EXPECT_EQ(files.GetAt(2).Compare(folder + L"item.dwg"), 0);
+}
+
+TEST(ProjectTables, OnlyTheFirstChildOfTheNameCounts) {
+  tolvtest::ScratchDir dir("prj_first_table");
+  KyDtProject project;
+  Bind(project, dir, "p.xml",
+       "<File name=\"FLOOR_TABLE\"/><Directory name=\"FLOOR_TABLE\"><Floor name=\"1.dwg\" number=\"1\"/>"
+       "</Directory><Directory name=\"floor_table\"/>");
+  EXPECT_EQ(project.GetFloorTable(), nullptr);
+  KyDList<CString> files;
+  EXPECT_FALSE(project.GetFloorFiles(files));
+  KyDList<KyDtProjectFloor *> floors;
+  project.GetFloorTable(floors);
+  EXPECT_EQ(floors.GetLength(), 0);
+}
+
+TEST(ProjectFile, TwoProjectsOfOtherFilesButTheSameTreeAreTheSame) {
+  tolvtest::ScratchDir dir("prj_same_other_files");
+  KyDtProject a, b;
+  Bind(a, dir, "a.xml", "<File name=\"x.dwg\"/>");
+  Bind(b, dir, "b.xml", "<File name=\"X.DWG\"/>");
+  EXPECT_FALSE(a.Is(b.GetFileFullName()));
+  EXPECT_TRUE(a.IsSameWith(&b));
+}
+
 TEST(ProjectDwgSet, WithoutDwgSetIsFalseNotAnEmptySuccess) {
   tolvtest::ScratchDir dir("prj_nodwgset");
   KyDtProject project;
@@ -244,6 +283,14 @@ TEST(FloorNumberGrammar, EveryRowOfTheTable) {
   EXPECT_FALSE(Parse(L"B1").ok);
   // The blanks go from the caller's text.
   EXPECT_EQ(Parse(L" 2 - 5 ").text, L"2-5");
+  // A sign alone is a whole number too: floor 0.
+  for (const wchar_t *sign : {L"-", L"+"}) {
+    Parsed p = Parse(sign);
+    EXPECT_TRUE(p.ok && !p.isRange) << sign;
+  }
+  EXPECT_TRUE(Connected({"-", "1"}));
+  EXPECT_TRUE(Connected({"-1", "+"})) << "the first number only sets the start";
+  EXPECT_FALSE(Connected({"-2", "-1", "+"})) << "after -1 comes 1, and 0 repeats";
 }
 
 TEST(FloorConnection, EveryRowOfTheTableThroughTheCheck) {

@@ -139,3 +139,35 @@ TEST(ProjectTemplateCommand, WithoutATemplateNothingIsWritten) {
   tolv::SetMainDirectory(L"");
   EXPECT_TRUE(fs::is_empty(dir.path()));
 }
+
+TEST(SampleProjectBadInput, TheProjectFileCutAnywhereReadsCleanlyOrNotAtAll) {
+  tolvtest::ScratchDir dir("sample_prj_cut");
+  const std::string whole = tolvtest::ReadFileBytes(Sample() / "Riverside.xml");
+  const std::wstring path = SystemPath(dir, "cut.xml");
+  KyDtProject project;
+  // Up to the root's closing ">": only what follows it may go.
+  const std::size_t complete = whole.rfind('>') + 1;
+  for (std::size_t length = 0; length < complete; ++length) {
+    tolvtest::WriteFileBytes(dir.path() / "cut.xml", whole.substr(0, length));
+    // A cut file is never a whole document; the tree stays as it was (empty).
+    EXPECT_FALSE(project.ReadFromXML(path.c_str())) << length;
+    EXPECT_TRUE(project.IsEmptyProject()) << length;
+    EXPECT_EQ(project.GetLength(), 0) << length;
+  }
+  tolvtest::WriteFileBytes(dir.path() / "cut.xml", whole);
+  EXPECT_TRUE(project.ReadFromXML(path.c_str()));
+}
+
+TEST(SampleProjectBadInput, TheDatabaseCutAnywhereReadsCleanlyOrNotAtAll) {
+  tolvtest::ScratchDir dir("sample_db_cut");
+  const std::string whole = tolvtest::ReadFileBytes(Sample() / "Riverside.orpx");
+  const std::wstring path = SystemPath(dir, "cut.orpx");
+  const std::size_t complete = whole.rfind('>') + 1;
+  for (std::size_t length = 0; length < complete; length += 13) {
+    tolvtest::WriteFileBytes(dir.path() / "cut.orpx", whole.substr(0, length));
+    KyDtProjectDb db;
+    EXPECT_FALSE(db.ReadFromXML(path.c_str())) << length;
+    EXPECT_TRUE(db.GetProjectFile().IsEmpty()) << length;
+    EXPECT_EQ(db.GetLength(), 0) << length;
+  }
+}

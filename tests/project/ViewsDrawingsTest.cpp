@@ -129,6 +129,10 @@ TEST(ProjectDrawing, WithoutSubViewsNothingIsFoundOrChanged) {
   f.drawing->GetAllSubViewRef(all);
   EXPECT_EQ(all.GetLength(), 0);
   EXPECT_EQ(f.drawing->Dict()->FindItem(L"SUB_VIEWS"), nullptr);
+  // Asked all the same, as a drawing read from a file may be: no sub-views,
+  // and still nothing made.
+  EXPECT_EQ(f.drawing->GetSubViewRefNum(), 0);
+  EXPECT_EQ(f.drawing->Dict()->FindItem(L"SUB_VIEWS"), nullptr);
   // Another kind in the list isn't a reference.
   f.drawing->AddViewDef();
   f.drawing->Dict()->FindDict(L"SUB_VIEWS")->AppendItem(CreateDictItem(KyDtDictItem::DT_LONG));

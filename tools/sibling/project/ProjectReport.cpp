@@ -1,7 +1,9 @@
 #include "project/ProjectReport.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <sstream>
+#include <vector>
 
 #include "TolvDataBase.h"
 #include "platform/mfc/AfxMessage.h"
@@ -68,14 +70,33 @@ std::string Target(const KyDtDictItem *item, int &dangling) {
 
 std::string Xyz(double x, double y, double z) { return Number(x) + "," + Number(y) + "," + Number(z); }
 
-void ReportFloor(KyDtPrjFloor &floor, int depth, std::ostream &out, int &dangling) {
-  std::string indent(static_cast<std::size_t>(depth) * 2, ' ');
-  out << indent << (floor->IsClassOf(L"SubFloor") ? "sub-floor " : "floor ") << Label(floor.Dict())
-      << "  height " << Number(floor.GetHeight())
-      << "  view -> " << Target(floor->FindItem(L"FLOOR_MODEL\\FLOOR_VIEW"), dangling) << "\n";
-  KyPDList<KyDtPrjFloor> subFloors;
-  floor.GetAllSubFloor(subFloors);
-  for (std::int32_t i = 0; i < subFloors.GetLength(); ++i) ReportFloor(*subFloors.GetAt(i), depth + 1, out, dangling);
+// Floors and their sub-floors, depth first, each level indented two more
+// blanks. Walked without recursion and with the indent capped, since a file
+// may nest sub-floors as deep as it likes.
+void ReportFloors(KyPDList<KyDtPrjFloor> &floors, int depth, std::ostream &out, int &dangling) {
+  constexpr int kMaxIndentLevel = 32;
+  struct Pending {
+    KyDtPrjFloor floor;
+    int depth;
+  };
+  std::vector<Pending> stack;
+  auto push = [&stack](KyPDList<KyDtPrjFloor> &list, int level) {
+    for (std::int32_t i = list.GetLength() - 1; i >= 0; --i) stack.push_back({*list.GetAt(i), level});
+  };
+  push(floors, depth);
+  while (!stack.empty()) {
+    Pending next = stack.back();
+    stack.pop_back();
+    KyDtPrjFloor &floor = next.floor;
+    out << std::string(static_cast<std::size_t>(std::min(next.depth, kMaxIndentLevel)) * 2, ' ');
+    if (next.depth > kMaxIndentLevel) out << "[level " << next.depth << "] ";
+    out << (floor->IsClassOf(L"SubFloor") ? "sub-floor " : "floor ") << Label(floor.Dict())
+        << "  height " << Number(floor.GetHeight())
+        << "  view -> " << Target(floor->FindItem(L"FLOOR_MODEL\\FLOOR_VIEW"), dangling) << "\n";
+    KyPDList<KyDtPrjFloor> subFloors;
+    floor.GetAllSubFloor(subFloors);
+    push(subFloors, next.depth + 1);
+  }
 }
 
 }  // namespace
@@ -173,7 +194,7 @@ int ReportProjectDb(KyDtProjectDb &db, std::ostream &out) {
     out << "\n";
     KyPDList<KyDtPrjFloor> floors;
     region.GetAllFloor(floors);
-    for (std::int32_t j = 0; j < floors.GetLength(); ++j) ReportFloor(*floors.GetAt(j), 2, out, dangling);
+    ReportFloors(floors, 2, out, dangling);
   }
 
   KyPDList<KyDtProjectView> views;
