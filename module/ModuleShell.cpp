@@ -7,16 +7,18 @@
 #include "platform/dbobject/KyDbHooks.h"
 #include "settings/HistoryData.h"
 #include "settings/SystemConfig.h"
+#include "uiconfig/KyDtUIFactory.h"
+#include "uiconfig/KyDtUIStartup.h"
 
 void ModuleStart() {
   KyDefineCommand(kModuleCommandGroup, g_moduleCommands, kModuleCommandCount, 0);
 
-  // AWAITS the UI configuration: register the UI element factories here.
-  // They must stand before the UI definition is read.
+  // The UI element classes must stand before the UI definition is read.
+  RegisterUIElementFactories();
 
   LoadConfig();
 
-  // AWAITS the UI configuration: LoadUIConfig() here.
+  LoadUIConfig();
 
   LoadHistoryData();
 
@@ -36,7 +38,7 @@ void ModuleStop() {
   }
   SaveConfig();
 
-  // AWAITS the UI configuration: SaveUIConfig() here.
+  SaveUIConfig();
 
   SaveHistoryData();
   // The hooks stay and the dictionaries keep their content: both go only
