@@ -166,7 +166,12 @@ KyDtUIItem *KyDtUIDirectory::GetItemFromDFSId(unsigned int id) {
         if (viaReference) {
           for (const Frame &frame : stack) circular = circular || frame.directory == sub;
         }
-        if (!circular && static_cast<std::int32_t>(r) < n) {
+        if (circular) {
+          // Counted as an unbound reference.
+          ++top.count;
+          continue;
+        }
+        if (static_cast<std::int32_t>(r) < n) {
           top.entered = item;
           stack.push_back({sub, sub->GetFirst(), r, 0u, nullptr});
           continue;

@@ -6,13 +6,24 @@
 
 #include <functional>
 #include <map>
+#include <string_view>
 
 #include "platform/mfc/CString.h"
 
 class KyDtUIItem;
 
 using KyDtUINewItemFn = KyDtUIItem *(*)();
-using KyDtUIFactoryMap = std::map<CString, KyDtUINewItemFn, std::less<>>;
+// Ordered by the names' characters; looked up by a plain wide text as well.
+struct KyDtUIElementNameLess {
+  using is_transparent = void;
+  static std::wstring_view View(const CString &name) { return name.view(); }
+  static std::wstring_view View(const wchar_t *name) { return name ? std::wstring_view(name) : std::wstring_view(); }
+  template <class A, class B>
+  bool operator()(const A &a, const B &b) const {
+    return View(a) < View(b);
+  }
+};
+using KyDtUIFactoryMap = std::map<CString, KyDtUINewItemFn, KyDtUIElementNameLess>;
 
 // The process-wide map (one of the module's global objects).
 extern KyDtUIFactoryMap g_mapUIFactory;

@@ -9,7 +9,8 @@
 #include "containers/KyPDList.h"
 #include "uiconfig/KyDtUIItem.h"
 
-// `delete item`, for the list.
+// `delete item`: for the list, and for callers whose compiler takes a delete
+// of an item for one on a class without a virtual destructor.
 void KyDtUIDeleteItem(KyDtUIItem *item);
 
 template <>
