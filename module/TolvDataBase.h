@@ -25,3 +25,7 @@
 // The exported global objects and pointers, and the hooks' answers.
 #include "module/ModuleGlobals.h"
 #include "module/EntityHooks.h"
+
+// Selection sets of the platform module.
+#include "platform/platform/KyAdsEntSet.h"
+#include "platform/platform/KyAdsRBList.h"
