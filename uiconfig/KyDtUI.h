@@ -10,6 +10,12 @@
 #include "uiconfig/KyDtUIConfig.h"
 #include "uiconfig/KyDtUIFactory.h"
 #include "uiconfig/KyDtUIStartup.h"
+#include "uiconfig/KyDtContextFilter.h"
 
 // The settings of the sibling modules that the UI dictionary fills.
 #include "platform/dbobject/UiSettings.h"
+
+// The selection sets a context menu is chosen for.
+#include "platform/platform/KyAdsEntSet.h"
+#include "platform/platform/KyAdsRBList.h"
+#include "platform/platform/KyAdsSpace.h"
