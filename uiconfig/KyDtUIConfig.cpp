@@ -16,7 +16,7 @@ const wchar_t kRootName[] = L"TolvUIConfig";
 
 KyDtUIConfig *KyDtUIConfig::g_pCurUICfg = nullptr;
 
-KyDtUIConfig::KyDtUIConfig() : m_pNamedMap(std::make_shared<NamedMap>()) {}
+KyDtUIConfig::KyDtUIConfig() : m_pNamedMap(std::make_shared<NamedMapWithIndex>()) {}
 
 KyDtUIConfig::~KyDtUIConfig() {
   // Another copy may still share the children: only the last one frees them.
@@ -34,7 +34,8 @@ bool KyDtUIConfig::ReadFromXML(const wchar_t *path) {
   _auto_ptr<KyUtXMLDOMNode> root = document.GetRoot();
   if (!root || std::wcscmp(root->GetNodeName(), kRootName) != 0) return false;
   if (!m_pNamedMap) return false;
-  m_pNamedMap->clear();
+  m_pNamedMap->index.clear();
+  m_pNamedMap->ordered.clear();
   KyPushVar<KyDtUIConfig *> reading(g_pCurUICfg, this);
   *this << root;
   return true;
@@ -58,17 +59,23 @@ bool KyDtUIConfig::SaveToXML(const wchar_t *path) {
 }
 
 void KyDtUIConfig::AddToNamedMap(CString name, KyDtUIItem *item) {
-  if (m_pNamedMap) m_pNamedMap->emplace(std::move(name), item);
+  if (!m_pNamedMap) return;
+  auto [at, added] = m_pNamedMap->ordered.emplace(std::move(name), item);
+  if (added) m_pNamedMap->index.emplace(at->first.view(), item);
 }
 
 KyDtUIItem *KyDtUIConfig::FindNamedItem(CString name) {
   if (!m_pNamedMap) return nullptr;
-  auto found = m_pNamedMap->find(name);
-  return found == m_pNamedMap->end() ? nullptr : found->second;
+  auto found = m_pNamedMap->index.find(name.view());
+  return found == m_pNamedMap->index.end() ? nullptr : found->second;
 }
 
 void KyDtUIConfig::DelNamedMap(CString name) {
-  if (m_pNamedMap) m_pNamedMap->erase(name);
+  if (!m_pNamedMap) return;
+  auto found = m_pNamedMap->ordered.find(name);
+  if (found == m_pNamedMap->ordered.end()) return;
+  m_pNamedMap->index.erase(found->first.view());
+  m_pNamedMap->ordered.erase(found);
 }
 
 KyDtUIItem *KyDtUIConfig::FindSection(const wchar_t *name, const wchar_t *kind) {

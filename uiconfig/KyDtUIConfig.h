@@ -6,6 +6,8 @@
 
 #include <map>
 #include <memory>
+#include <string_view>
+#include <unordered_map>
 
 #include "uiconfig/KyDtUIDirectories.h"
 #include "uiconfig/KyDtUIDirectory.h"
@@ -42,7 +44,7 @@ class KyDtUIConfig : public KyDtUIDirectory {
   // The named item if it is a "TolvDictionary", else null.
   KyDtUIDictionary *GetDictionary(const wchar_t *name);
   // Null when there is no map (for readers that count on it).
-  const NamedMap *GetNamedMap() const { return m_pNamedMap.get(); }
+  const NamedMap *GetNamedMap() const { return m_pNamedMap ? &m_pNamedMap->ordered : nullptr; }
 
   // The sections, found by name, each null unless of the exact kind.
   KyDtUIDirectory *GetAllCommandDef();
@@ -62,5 +64,13 @@ class KyDtUIConfig : public KyDtUIDirectory {
 
  protected:
   KyDtUIItem *FindSection(const wchar_t *name, const wchar_t *kind);
-  std::shared_ptr<NamedMap> m_pNamedMap;
+
+  // The map, and an index on it by hash: a document binds tens of thousands
+  // of references at start, and the ordered map's nodes lie far apart. The
+  // index's keys are views of the map's own keys.
+  struct NamedMapWithIndex {
+    NamedMap ordered;
+    std::unordered_map<std::wstring_view, KyDtUIItem *> index;
+  };
+  std::shared_ptr<NamedMapWithIndex> m_pNamedMap;
 };

@@ -67,7 +67,8 @@ void KyDtUITreeStreams::Read(KyDtUIDirectory &root, _auto_ptr<KyUtXMLDOMNode> &r
     if (!make) continue;  // an element of no known class is skipped
     KyDtUIItem *item = make();
     if (!item) continue;
-    if (auto *directory = dynamic_cast<KyDtUIDirectory *>(item)) {
+    if (item->IsDirectory()) {
+      auto *directory = static_cast<KyDtUIDirectory *>(item);
       _auto_ptr<KyUtXMLDOMNodes> grandChildren = open(*directory, child);
       stack.push_back({directory, child, grandChildren});
     } else {
