@@ -3,6 +3,7 @@
 #include "module/ModuleGlobals.h"
 
 #include "module/ModuleState.h"
+#include "project/KyDtPrj.h"
 #include "uiconfig/KyDtUIConfig.h"
 #include "uiconfig/KyDtUIFactory.h"
 
@@ -11,8 +12,8 @@ KyDtDictionary g_dictHistoryData;
 // AWAITS the language switch: the module's KyDtLanguageSwitch object is
 // defined here, between the history data and the language table.
 KyDtDictionary g_curDictLang;
-// AWAITS the project: g_curProject (KyDtProject) is defined here.
-// AWAITS the project database: g_curProjectDb (KyDtProjectDb) is defined here.
+KyDtProject g_curProject;
+KyDtProjectDb g_curProjectDb;
 KyDtUIConfig g_dbCfgUI;
 KyDtUIFactoryMap g_mapUIFactory;
 
