@@ -13,7 +13,7 @@
 
 KyDtUIItem *KyDtUIDirectory::NewItem() { return new KyDtUIDirectory; }
 
-std::int32_t KyDtUIDirectory::Append(KyDtUIItem *item) {
+std::int32_t KyDtUIDirectory::Append(KyDtUIItem *const &item) {
   std::int32_t index = KyPDList<KyDtUIItem>::Append(item);
   KyDtUIConfig *config = KyDtUIConfig::g_pCurUICfg;
   if (!config || !item) return index;

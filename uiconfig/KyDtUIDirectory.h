@@ -42,8 +42,9 @@ class KyDtUIDirectory : public KyDtUIItem, public KyPDList<KyDtUIItem> {
   // Appends, then, while a document is being read, registers a named item
   // in the reading config's map, or binds an unnamed reference to the item
   // of its target's name read before it (printing a message when there is
-  // none). Gives the new index.
-  std::int32_t Append(KyDtUIItem *item);
+  // none). Gives the new index. It takes the list's place, so every append
+  // to a directory goes through here.
+  std::int32_t Append(KyDtUIItem *const &item) override;
   // The first direct child of that exact name, or null.
   KyDtUIItem *GetUIItem(const wchar_t *name);
   // Every descendant in preorder; references are added, not followed.

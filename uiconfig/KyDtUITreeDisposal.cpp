@@ -10,6 +10,12 @@
 #include "uiconfig/KyDtUILeafItems.h"
 #include "uiconfig/KyDtUIReference.h"
 
+// Each item is destroyed here by its exact class, found by its type, so a
+// destructor that isn't virtual is the right one to call.
+#if defined(__clang__)
+#pragma clang diagnostic ignored "-Wdelete-non-abstract-non-virtual-dtor"
+#endif
+
 namespace tolv::uiconfig {
 namespace {
 
