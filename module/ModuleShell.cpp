@@ -7,6 +7,7 @@
 #include "platform/dbobject/KyDbHooks.h"
 #include "settings/HistoryData.h"
 #include "settings/SystemConfig.h"
+#include "standards/KyDtLayerFunctions.h"
 
 void ModuleStart() {
   KyDefineCommand(kModuleCommandGroup, g_moduleCommands, kModuleCommandCount, 0);
@@ -24,9 +25,8 @@ void ModuleStart() {
   // "Set.ini") here, after all three documents are read.
 
   g_KyGetLabelListMethod = KyDtGetOpeningLabels;
-  // AWAITS layer creation: g_KyGetLayerIdMethod (an entity's layer, that of
-  // KyDtInitLayer(entity->GetLayerKey(), nullptr), the null id for a null
-  // entity) and g_KyGetLayerIdMethod1 = KyDtInitLayer are stored here.
+  g_KyGetLayerIdMethod = KyDtGetEntityLayerId;
+  g_KyGetLayerIdMethod1 = KyDtInitLayer;
 }
 
 void ModuleStop() {
