@@ -3,14 +3,15 @@
 #include "module/ModuleGlobals.h"
 
 #include "module/ModuleState.h"
+#include "project/KyDtPrj.h"
 
 KyDtDictionary g_dictCfg;
 KyDtDictionary g_dictHistoryData;
 // AWAITS the language switch: the module's KyDtLanguageSwitch object is
 // defined here, between the history data and the language table.
 KyDtDictionary g_curDictLang;
-// AWAITS the project: g_curProject (KyDtProject) is defined here.
-// AWAITS the project database: g_curProjectDb (KyDtProjectDb) is defined here.
+KyDtProject g_curProject;
+KyDtProjectDb g_curProjectDb;
 // AWAITS the UI configuration: g_dbCfgUI (KyDtUIConfig) and then the UI
 // element factory map are defined here, last.
 

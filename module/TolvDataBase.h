@@ -19,6 +19,9 @@
 #include "settings/SystemConfig.h"
 #include "settings/HistoryData.h"
 
+// The project: item tree, project file, project database.
+#include "project/KyDtPrj.h"
+
 // The exported global objects and pointers, and the hooks' answers.
 #include "module/ModuleGlobals.h"
 #include "module/EntityHooks.h"
