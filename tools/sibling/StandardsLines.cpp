@@ -14,6 +14,7 @@
 #include "platform/acad/AcDbLinetypeTableRecord.h"
 #include "platform/acad/AcDbTextStyleTableRecord.h"
 #include "platform/acad/AcutPrintf.h"
+#include "platform/dbobject/KyDbDrawUnit.h"
 #include "platform/dbobject/KyDbMaterial.h"
 #include "platform/windows/TextCodec.h"
 
@@ -155,6 +156,18 @@ bool AngleDimLine(const std::vector<std::string> &args) {
   return PrintDimStyle(L"ANGLEDIM", KyDtInitAngleDimStyle(tolv::sibling::WorkingDatabase()));
 }
 
+bool DimUnitLine(const std::vector<std::string> &args) {
+  if (args.size() != 1 || (args[0] != "0" && args[0] != "1")) {
+    acutPrintf(L"\nDIMUNIT needs 0 (millimetres) or 1 (metres)");
+    return false;
+  }
+  const unsigned char unit = args[0] == "1" ? 1 : 0;
+  if (!KyDbSetDimUnit(unit, tolv::sibling::WorkingDatabase())) return false;
+  acutPrintf(L"\nDIMUNIT: dimensions of this drawing in %ls, the drawing in %ls", unit ? L"metres" : L"millimetres",
+             KyDbGetDrawUnit(tolv::sibling::WorkingDatabase()) ? L"metres" : L"millimetres");
+  return true;
+}
+
 bool MaterialLine(const std::vector<std::string> &args) {
   if (args.size() != 1) {
     acutPrintf(L"\nMATERIAL needs a name, e.g. MATERIAL 砖");
@@ -274,6 +287,8 @@ const tolv::sibling::HostLine kLinearDim("LINEARDIM", "  LINEARDIM SCALE    the 
 const tolv::sibling::HostLine kArcDim("ARCDIM", "  ARCDIM SCALE       the arc dimension style in use\n", &ArcDimLine);
 const tolv::sibling::HostLine kAngleDim("ANGLEDIM", "  ANGLEDIM           the angular dimension style in use\n",
                                         &AngleDimLine);
+const tolv::sibling::HostLine kDimUnit("DIMUNIT", "  DIMUNIT 0|1        dimensions of the drawing in millimetres or metres\n",
+                                      &DimUnitLine);
 const tolv::sibling::HostLine kMaterial("MATERIAL", "  MATERIAL NAME      the material of a name, made if missing\n",
                                         &MaterialLine);
 const tolv::sibling::HostLine kOpening(
