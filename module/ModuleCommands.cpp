@@ -9,10 +9,12 @@
 namespace {
 
 // "KyPrj": brings the project database template up to the current schema by
-// reading it and saving it back.
+// reading it and saving it back. Without a template the path stays empty
+// and the save writes nowhere.
 void ProjectTemplateCommand() {
   KyDtProjectDb project;
-  if (project.Initialize()) project.Save();
+  project.Initialize();
+  project.Save();
 }
 
 // "KyExLang": exports the language table.

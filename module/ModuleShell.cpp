@@ -7,6 +7,7 @@
 #include "platform/dbobject/KyDbHooks.h"
 #include "settings/HistoryData.h"
 #include "settings/SystemConfig.h"
+#include "standards/KyDtLayerFunctions.h"
 #include "uiconfig/KyDtUIFactory.h"
 #include "uiconfig/KyDtUIStartup.h"
 
@@ -26,9 +27,8 @@ void ModuleStart() {
   // "Set.ini") here, after all three documents are read.
 
   g_KyGetLabelListMethod = KyDtGetOpeningLabels;
-  // AWAITS layer creation: g_KyGetLayerIdMethod (an entity's layer, that of
-  // KyDtInitLayer(entity->GetLayerKey(), nullptr), the null id for a null
-  // entity) and g_KyGetLayerIdMethod1 = KyDtInitLayer are stored here.
+  g_KyGetLayerIdMethod = KyDtGetEntityLayerId;
+  g_KyGetLayerIdMethod1 = KyDtInitLayer;
 }
 
 void ModuleStop() {

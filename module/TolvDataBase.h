@@ -32,3 +32,6 @@
 // Selection sets of the platform module.
 #include "platform/platform/KyAdsEntSet.h"
 #include "platform/platform/KyAdsRBList.h"
+
+// The drawing standards.
+#include "standards/KyDtStandards.h"

@@ -8,6 +8,7 @@
 #include "platform/platform/KyAdsRBList.h"
 #include "platform/platform/KyAdsSpace.h"
 #include "platform/windows/WinCrt.h"
+#include "standards/KyDtLayerFunctions.h"
 #include "uiconfig/KyDtContextFilter.h"
 #include "uiconfig/KyDtUIDirectories.h"
 #include "uiconfig/KyDtUIStartup.h"
@@ -20,8 +21,9 @@ constexpr int kMarker = 5000;
 constexpr int kLayerCode = 8;
 
 // A layer filter in layer keys, as a menu is written, made into one in
-// layer names. Keys that don't resolve stand for themselves.
-CString LayerNames(const CString &keys) { return keys; }
+// layer names of the current standard. Keys that don't resolve stand for
+// themselves.
+CString LayerNames(const CString &keys) { return KyDtGetLayerNameEx(keys); }
 
 // One buffer for a code and its value token, or null.
 resbuf *BuildBuffer(int code, int type, const CString &token) {
