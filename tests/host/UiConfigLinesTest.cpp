@@ -97,7 +97,7 @@ TEST_F(UiConfigHost, TreePrintsASectionIndented) {
   HostRun run = Ui({Write("UIConfig.xml", Bundled()), "--tree", "MENU_CONTEXT"});
   ASSERT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.lines.at(0), "Directory MENU_CONTEXT  \"右键菜单\"");
-  EXPECT_NE(run.out.find("\n  MenuDef MENU_WALL  \"墙体菜单\"  filter 0,'LINE,LWPOLYLINE,TOLV_WALL',8,'WALL*'\n"
+  EXPECT_NE(run.out.find("\n  MenuDef MENU_WALL  \"墙体菜单\"  filter 0,'LINE,LWPOLYLINE,TOLV_WALL',8,'WALL'\n"
                          "    Reference -> WALL_PROP  \"墙体编辑\"  KyWallEdit\n"),
             std::string::npos)
       << run.out;
@@ -146,7 +146,7 @@ class UiConfigLines : public ::testing::Test {
 };
 
 TEST_F(UiConfigLines, SelectionsOfThePlanGetTheirContextMenus) {
-  HostRun run = Host("SELECT LINE WALL*\nCONTEXTMENU\nSELECT * DOOR*,WINDOW*\nCONTEXTMENU\n"
+  HostRun run = Host("SELECT LINE WALL\nCONTEXTMENU\nSELECT * DOOR*,WINDOW*\nCONTEXTMENU\n"
                      "SELECT DIMENSION\nCONTEXTMENU\nSELECT TEXT\nCONTEXTMENU\nSELECT NONE\nCONTEXTMENU\n"
                      "SELECT *\nCONTEXTMENU\n");
   ASSERT_EQ(run.status, 0) << run.out << run.err;

@@ -2,6 +2,7 @@
 // real drawing (walls, openings, dimensions, texts, viewports).
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -59,10 +60,10 @@ TEST(UiContextFilter, CodeZeroAndAQuotedTextBuildOneTypeNameBuffer) {
 }
 
 TEST(UiContextFilter, ACommaInsideQuotesStaysInTheText) {
-  auto list = Parse(L"8,'WALL,DOOR',0,'LINE'");
+  auto list = Parse(L"6,'DASHED,HIDDEN',0,'LINE'");
   ASSERT_EQ(list.size(), 2u);
-  EXPECT_EQ(list[0].restype, 8);
-  EXPECT_EQ(list[0].text, L"WALL,DOOR");
+  EXPECT_EQ(list[0].restype, 6);
+  EXPECT_EQ(list[0].text, L"DASHED,HIDDEN");
   EXPECT_EQ(list[1].restype, 5020);
   EXPECT_EQ(list[1].text, L"LINE");
 }
@@ -86,9 +87,9 @@ TEST(UiContextFilter, NumbersByTheTypeOfTheirCode) {
 }
 
 TEST(UiContextFilter, ATextsQuotesAreCutWhateverTheyAre) {
-  auto list = Parse(L"8,\"WALL\"");
+  auto list = Parse(L"0,\"LINE\"");
   ASSERT_EQ(list.size(), 1u);
-  EXPECT_EQ(list[0].text, L"WALL");
+  EXPECT_EQ(list[0].text, L"LINE");
 }
 
 TEST(UiContextFilter, CodesOfOtherTypesAndOutOfRangeAddNothing) {
@@ -130,9 +131,13 @@ TEST(UiContextFilter, OddShapesGiveCleanResults) {
 class UiContextMenu : public UiTest {
  protected:
   void SetUp() override {
-    for (const wchar_t *layer : {L"WALL", L"WALL-EXT", L"DOOR", L"WINDOW", L"DIM", L"TEXT"}) AddLayer(layer);
+    // The layer filters are written in layer keys of the bundled settings'
+    // standard ("TOLV": key WALL is layer WALL, key DOOR layer DOOR, ...).
+    std::wstring settings = (std::filesystem::path(TOLV_SOURCE_DIR) / "share" / "support" / "config.xml").wstring();
+    ASSERT_TRUE(g_dictCfg.ReadFromXML(settings.c_str()));
+    for (const wchar_t *layer : {L"WALL", L"DOOR", L"WINDOW", L"DIM", L"TEXT", L"墙"}) AddLayer(layer);
     wall1_ = Add(new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(6000, 0, 0)), L"WALL");
-    wall2_ = Add(new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(0, 4200, 0)), L"WALL-EXT");
+    wall2_ = Add(new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(0, 4200, 0)), L"WALL");
     door_ = Add(new KyDbOpening(KyDbOpening::kDoor), L"DOOR");
     window_ = Add(new KyDbOpening(KyDbOpening::kWindow), L"WINDOW");
     dim_ = Add(new tolv::CarriedEntity(L"DIMENSION"), L"DIM");
@@ -144,7 +149,7 @@ class UiContextMenu : public UiTest {
          "<Directory name=\"MENU_CONTEXT\">"
          "<MenuDef name=\"MENU_NOTHING\"><Separator/></MenuDef>"
          "<Directory name=\"MENU_PLAIN\" />"
-         "<MenuDef name=\"MENU_WALL\" filter=\"0,'LINE',8,'WALL*'\"><MenuItem title=\"墙体\">KyWallProp</MenuItem></MenuDef>"
+         "<MenuDef name=\"MENU_WALL\" filter=\"0,'LINE',8,'WALL'\"><MenuItem title=\"墙体\">KyWallProp</MenuItem></MenuDef>"
          "<MenuDef name=\"MENU_OPENING\" filter=\"8,'DOOR,WINDOW'\"/>"
          "<MenuDef name=\"MENU_DIM\" filter=\"0,'DIMENSION'\"/>"
          "<MenuDef name=\"MENU_TEXT\" filter=\"0,'TEXT,MTEXT'\"/>"
@@ -158,6 +163,7 @@ class UiContextMenu : public UiTest {
     ASSERT_NE(g_pContextMenuDef, nullptr);
   }
   void TearDown() override {
+    g_dictCfg.Reset();
     g_pContextMenuDef = saved_;
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
   }
@@ -199,6 +205,19 @@ class UiContextMenu : public UiTest {
 TEST_F(UiContextMenu, WallsOnTheirLayersGetTheWallMenu) {
   EXPECT_EQ(Menu({wall1_}), L"MENU_WALL");
   EXPECT_EQ(Menu({wall1_, wall2_}), L"MENU_WALL");
+}
+
+TEST_F(UiContextMenu, LayerKeysResolveThroughTheCurrentStandard) {
+  // Under the Chinese standard the key WALL names the layer 墙.
+  AcDbObjectId chinese = Add(new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 0, 0)), L"墙");
+  EXPECT_EQ(Menu({chinese}), L"MENU_ANY_LINE");
+  ASSERT_TRUE(g_dictCfg.SetValue(L"LAYER\\CUR_STD", L"GB"));
+  EXPECT_EQ(Menu({chinese}), L"MENU_WALL");
+  EXPECT_EQ(Menu({wall1_}), L"MENU_ANY_LINE");
+  KyAdsRBList list;
+  tolv::uiconfig::BuildContextFilter(L"8,'WALL,DOOR'", list);
+  ASSERT_NE(list.GetHead(), nullptr);
+  EXPECT_EQ(std::wstring(list.GetHead()->resval.rstring), L"墙,门");
 }
 
 TEST_F(UiContextMenu, OpeningsGetTheOpeningMenuByALayerListWithACommaInQuotes) {

@@ -12,13 +12,14 @@ import ezdxf
 
 def main(path):
     doc = ezdxf.new("R2000", setup=True)
-    for name, color in [("WALL", 7), ("WALL-EXT", 7), ("DOOR", 4), ("WINDOW", 4), ("AXIS", 1), ("DIM", 3), ("TEXT", 2)]:
+    for name, color in [("WALL", 7), ("DOOR", 4), ("WINDOW", 4), ("AXIS", 1), ("DIM", 3), ("TEXT", 2)]:
         doc.layers.add(name, color=color)
     msp = doc.modelspace()
-    # An outer wall ring of 9 m by 6 m and one inner wall.
+    # An outer wall ring of 9 m by 6 m and one inner wall, on the layers of
+    # the bundled settings' standard.
     corners = [(0, 0), (9000, 0), (9000, 6000), (0, 6000)]
     for a, b in zip(corners, corners[1:] + corners[:1]):
-        msp.add_line(a, b, dxfattribs={"layer": "WALL-EXT"})
+        msp.add_line(a, b, dxfattribs={"layer": "WALL"})
     msp.add_line((4500, 0), (4500, 6000), dxfattribs={"layer": "WALL"})
     msp.add_lwpolyline([(0, 3000), (4500, 3000)], dxfattribs={"layer": "WALL"})
     # A door with its swing, and two windows.
