@@ -82,7 +82,9 @@ std::string Generate() {
     }
     x += "\t\t</MenuDef>\n";
   }
-  x += "\t\t<MenuDef name=\"MENU_WALL\" filter=\"0,'LINE,LWPOLYLINE',8,'WALL*'\">\n";
+  // Without a layer standard loaded, layer keys resolve to nothing: the
+  // walls are told by type and colour ("by layer").
+  x += "\t\t<MenuDef name=\"MENU_WALL\" filter=\"0,'LINE,LWPOLYLINE',62,256\">\n";
   for (int r = 0; r < 50; ++r) x += "\t\t\t<Reference>CMD_00001</Reference>\n";
   x += "\t\t</MenuDef>\n\t</Directory>\n";
   x += "\t<ToolBoxDef name=\"TOOLBOX\" autohide=\"FALSE\" right=\"FALSE\" visible=\"TRUE\">\n";
