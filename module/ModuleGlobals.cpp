@@ -4,6 +4,8 @@
 
 #include "module/ModuleState.h"
 #include "project/KyDtPrj.h"
+#include "uiconfig/KyDtUIConfig.h"
+#include "uiconfig/KyDtUIFactory.h"
 
 KyDtDictionary g_dictCfg;
 KyDtDictionary g_dictHistoryData;
@@ -12,8 +14,8 @@ KyDtDictionary g_dictHistoryData;
 KyDtDictionary g_curDictLang;
 KyDtProject g_curProject;
 KyDtProjectDb g_curProjectDb;
-// AWAITS the UI configuration: g_dbCfgUI (KyDtUIConfig) and then the UI
-// element factory map are defined here, last.
+KyDtUIConfig g_dbCfgUI;
+KyDtUIFactoryMap g_mapUIFactory;
 
 KyDtDictionary *g_pCurModuleComCtrl = nullptr;
 KyDtDictionary *g_pCurModuleCommontool = nullptr;
@@ -52,8 +54,7 @@ KyDtUIDirectory *g_pShortCmds = nullptr;
 KyDtUIToolBoxDef *g_pProjectBoxDef = nullptr;
 KyDtUIToolBoxDef *g_pToolBoxDef = nullptr;
 KyDtUIDictionary *g_pUiDictionary = nullptr;
-// AWAITS the UI configuration: KyDtUIConfig::g_pCurUICfg, null at load, is
-// defined with its class.
+// KyDtUIConfig::g_pCurUICfg, null at load, is defined with its class.
 
 namespace {
 // The file's attach step comes after the global objects.

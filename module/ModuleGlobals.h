@@ -12,6 +12,7 @@
 class KyDtUIDirectory;
 class KyDtUIToolBoxDef;
 class KyDtUIDictionary;
+class KyDtUIConfig;
 
 // The system settings, "config.xml".
 extern KyDtDictionary g_dictCfg;
@@ -44,6 +45,9 @@ extern KyDtDictionary *g_pCurModuleUiRoof;
 extern KyDtDictionary *g_pCurModuleUiSpace;
 extern KyDtDictionary *g_pCurModuleUiStair;
 extern KyDtDictionary *g_pCurModuleUtility;
+
+// The user-interface definition, "UIConfig.xml".
+extern KyDtUIConfig g_dbCfgUI;
 
 // The sections of the user-interface definition.
 extern KyDtUIDirectory *g_pAllCommandDef;

@@ -7,16 +7,19 @@
 #include "platform/dbobject/KyDbHooks.h"
 #include "settings/HistoryData.h"
 #include "settings/SystemConfig.h"
+#include "standards/KyDtLayerFunctions.h"
+#include "uiconfig/KyDtUIFactory.h"
+#include "uiconfig/KyDtUIStartup.h"
 
 void ModuleStart() {
   KyDefineCommand(kModuleCommandGroup, g_moduleCommands, kModuleCommandCount, 0);
 
-  // AWAITS the UI configuration: register the UI element factories here.
-  // They must stand before the UI definition is read.
+  // The UI element classes must stand before the UI definition is read.
+  RegisterUIElementFactories();
 
   LoadConfig();
 
-  // AWAITS the UI configuration: LoadUIConfig() here.
+  LoadUIConfig();
 
   LoadHistoryData();
 
@@ -24,9 +27,8 @@ void ModuleStart() {
   // "Set.ini") here, after all three documents are read.
 
   g_KyGetLabelListMethod = KyDtGetOpeningLabels;
-  // AWAITS layer creation: g_KyGetLayerIdMethod (an entity's layer, that of
-  // KyDtInitLayer(entity->GetLayerKey(), nullptr), the null id for a null
-  // entity) and g_KyGetLayerIdMethod1 = KyDtInitLayer are stored here.
+  g_KyGetLayerIdMethod = KyDtGetEntityLayerId;
+  g_KyGetLayerIdMethod1 = KyDtInitLayer;
 }
 
 void ModuleStop() {
@@ -36,7 +38,7 @@ void ModuleStop() {
   }
   SaveConfig();
 
-  // AWAITS the UI configuration: SaveUIConfig() here.
+  SaveUIConfig();
 
   SaveHistoryData();
   // The hooks stay and the dictionaries keep their content: both go only

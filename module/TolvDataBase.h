@@ -25,6 +25,9 @@
 // The block, equipment and word libraries.
 #include "library/KyDtLibrary.h"
 
+// The user-interface definition.
+#include "uiconfig/KyDtUI.h"
+
 // The exported global objects and pointers, and the hooks' answers.
 #include "module/ModuleGlobals.h"
 #include "module/EntityHooks.h"
@@ -33,3 +36,10 @@
 #include "platform/mfc/CListCtrl.h"
 #include "platform/mfc/CStdioFile.h"
 #include "patterns/KyPats.h"
+
+// Selection sets of the platform module.
+#include "platform/platform/KyAdsEntSet.h"
+#include "platform/platform/KyAdsRBList.h"
+
+// The drawing standards.
+#include "standards/KyDtStandards.h"

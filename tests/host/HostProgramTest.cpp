@@ -114,6 +114,7 @@ TEST_F(HostProgram, WithoutSettingsFilesTheMessagesAreShownAndNoFileIsMade) {
                    "host: kUnloadDwgMsg -> 0",
                    "host: document 1 closed",
                    "[message box] 保存选项配置文件失败！未找到文件config.xml!",
+                   "[message box] 保存数据文件失败！未找到UIConfig.xml!",
                    "[message box] 保存历史数据文件失败！未找到历史数据记录文件HistoryData.xml!",
                    "host: kUnloadAppMsg -> 0",
                    "host: module unloaded"}));

@@ -15,6 +15,7 @@
 #include "platform/acad/AfxExtensionModule.h"
 #include "platform/dbobject/DbObjectSettings.h"
 #include "platform/dbobject/KyDbHooks.h"
+#include "platform/dbobject/UiSettings.h"
 #include "platform/geometry/GeTolerance.h"
 #include "platform/mfc/AfxMessage.h"
 #include "platform/morv/MorvSettings.h"
@@ -43,6 +44,9 @@ ModuleHarness::ModuleHarness() {
   ::unsetenv("TOLV_SUPPORT_PATH");
   tolv::SetMainDirectory(support_.wide());
   tolv::ResetDbObjectSettings();
+  tolv::ResetUiSettings();
+  // Every installation has its UI definition; an empty one says nothing.
+  WriteSupportFile("UIConfig.xml", "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<TolvUIConfig/>\n");
   tolv::ResetGeometryTolerances();
   tolv::ResetMorvSettings();
   ClearDictionary(g_dictCfg);
