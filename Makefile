@@ -1,7 +1,8 @@
 # make run   installs what is missing, builds, and runs the host program on the
 #            bundled support folder.
 # make test  installs what is missing, builds, and runs every test.
-# make asan  the test suite again in an AddressSanitizer + UBSan build.
+# make asan  the test suite again in an AddressSanitizer + UBSan build, made
+#            with clang, so that CI builds and tests with both compilers.
 # make bench builds and runs the benchmarks.
 
 BUILD      ?= build
@@ -9,23 +10,31 @@ ASAN_BUILD ?= build-asan
 BUILD_TYPE ?= RelWithDebInfo
 JOBS       ?= $(shell nproc)
 PACKAGES   := cmake ninja-build g++ make libgtest-dev libgmock-dev libbenchmark-dev \
-              libpugixml-dev python3 python3-ezdxf
+              libpugixml-dev python3 python3-ezdxf python3-matplotlib
+ASAN_PACKAGES := clang-14 libclang-rt-14-dev
 SUDO       := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 RUN_DIR    := $(BUILD)/run
 
-.PHONY: all deps configure build run test asan bench clean
+.PHONY: all deps asan-deps configure build run test asan bench clean
 
 all: build
 
 # Installs only what dpkg does not already have, so a prepared machine pays nothing.
-deps:
-	@missing=""; for p in $(PACKAGES); do \
+define install_missing
+	@missing=""; for p in $(1); do \
 	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
 	done; \
 	if [ -n "$$missing" ]; then \
 	  echo "installing:$$missing"; \
 	  $(SUDO) apt-get update -qq && DEBIAN_FRONTEND=noninteractive $(SUDO) apt-get install -y -qq $$missing; \
 	fi
+endef
+
+deps:
+	$(call install_missing,$(PACKAGES))
+
+asan-deps: deps
+	$(call install_missing,$(ASAN_PACKAGES))
 
 $(BUILD)/build.ninja:
 	cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=$(BUILD_TYPE)
@@ -48,8 +57,9 @@ run: configure
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
 
-asan: deps
-	cmake -S . -B $(ASAN_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTOLV_SANITIZE=ON -DTOLV_BUILD_BENCH=OFF
+asan: asan-deps
+	cmake -S . -B $(ASAN_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTOLV_SANITIZE=ON -DTOLV_BUILD_BENCH=OFF \
+	  -DCMAKE_CXX_COMPILER=clang++-14
 	cmake --build $(ASAN_BUILD) -j $(JOBS)
 	ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --test-dir $(ASAN_BUILD) --output-on-failure -j $(JOBS)

@@ -25,7 +25,7 @@ using KyDtAttributeMap = std::map<CString, CString>;
 class KyDtDictItem {
  public:
   // The kind numbers are stored in archive files; they never change.
-  enum DictDataType {
+  enum DictDataType : int {
     DT_NONE = -1,
     DT_DICT = 0,
     DT_BOOL = 1,

@@ -22,9 +22,17 @@
 // The project: item tree, project file, project database.
 #include "project/KyDtPrj.h"
 
+// The block, equipment and word libraries.
+#include "library/KyDtLibrary.h"
+
 // The exported global objects and pointers, and the hooks' answers.
 #include "module/ModuleGlobals.h"
 #include "module/EntityHooks.h"
+
+// Hatch pattern files, and the list control their lines are shown in.
+#include "platform/mfc/CListCtrl.h"
+#include "platform/mfc/CStdioFile.h"
+#include "patterns/KyPats.h"
 
 // Selection sets of the platform module.
 #include "platform/platform/KyAdsEntSet.h"

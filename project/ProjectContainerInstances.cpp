@@ -9,7 +9,7 @@
 #include "project/KyDtProjectItem.h"
 
 template class KyDynArrayBase<KyDtProjectItem *>;
-template class KyListNode<KyDtProjectItem *>;
+template struct KyListNode<KyDtProjectItem *>;
 template class KyList<KyDtProjectItem *>;
 template class KyDList<KyDtProjectItem *>;
 template class KyDList<KyDtProjectFloor *>;

@@ -3,10 +3,10 @@
 
 namespace AcDb {
 
-enum OpenMode { kForRead = 0, kForWrite = 1, kForNotify = 2 };
+enum OpenMode : int { kForRead = 0, kForWrite = 1, kForNotify = 2 };
 
 // Line weights in hundredths of a millimetre, and the three special values.
-enum LineWeight {
+enum LineWeight : int {
   kLnWt000 = 0,
   kLnWt005 = 5,
   kLnWt009 = 9,
@@ -37,7 +37,7 @@ enum LineWeight {
 };
 
 // Drawing units of $INSUNITS.
-enum UnitsValue {
+enum UnitsValue : int {
   kUnitsUndefined = 0,
   kUnitsInches = 1,
   kUnitsFeet = 2,

@@ -6,7 +6,7 @@
 class AcGeVector3d {
  public:
   AcGeVector3d() = default;
-  AcGeVector3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
+  constexpr AcGeVector3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
   static const AcGeVector3d kIdentity;
   static const AcGeVector3d kXAxis;
   static const AcGeVector3d kYAxis;
@@ -30,7 +30,7 @@ class AcGeVector3d {
 class AcGePoint3d {
  public:
   AcGePoint3d() = default;
-  AcGePoint3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
+  constexpr AcGePoint3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
   static const AcGePoint3d kOrigin;
   AcGePoint3d operator+(const AcGeVector3d &v) const { return {x + v.x, y + v.y, z + v.z}; }
   AcGePoint3d operator-(const AcGeVector3d &v) const { return {x - v.x, y - v.y, z - v.z}; }
@@ -48,6 +48,9 @@ class AcGePoint3d {
   double z = 0.0;
 };
 
+// Constant-initialized, so a module that includes this header emits no
+// initializer of its own for them (one that did would be pinned in the
+// process by GCC's process-unique symbols).
 inline const AcGePoint3d AcGePoint3d::kOrigin{0.0, 0.0, 0.0};
 inline const AcGeVector3d AcGeVector3d::kIdentity{0.0, 0.0, 0.0};
 inline const AcGeVector3d AcGeVector3d::kXAxis{1.0, 0.0, 0.0};

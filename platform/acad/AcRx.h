@@ -3,7 +3,7 @@
 
 namespace AcRx {
 
-enum AppMsgCode {
+enum AppMsgCode : int {
   kNullMsg = 0,
   kInitAppMsg = 1,
   kUnloadAppMsg = 2,
