@@ -1,5 +1,6 @@
 #include "standards/KyDtLabelCfg.h"
 
+#include <climits>
 #include <cmath>
 #include <memory>
 
@@ -21,7 +22,12 @@ namespace tolv::standards {
 
 namespace {
 int SizeNumber(bool round, double x) {
-  return static_cast<int>(round ? (x + 0.5) / 100.0 + 0.5 : (x + 0.5) / 100.0);
+  const double n = round ? (x + 0.5) / 100.0 + 0.5 : (x + 0.5) / 100.0;
+  // Sizes beyond any building (or not numbers at all) stop at the ends of
+  // the integer range rather than overflow it.
+  if (!(n > -2147483648.0)) return n != n ? 0 : INT_MIN;
+  if (!(n < 2147483647.0)) return INT_MAX;
+  return static_cast<int>(n);
 }
 }  // namespace
 
@@ -287,7 +293,7 @@ CString KyDtLabelCfg::GetAutoLabel(const KyDbEntity *entity, const KyAdsEntSet &
     if (!others.IsEmpty()) {
       bool increment = true;
       int n = FindLabelNumber(others, *entity, rules.round, rules.widthPos, rules.unionLabel, increment);
-      if (increment) ++n;
+      if (increment && n < INT_MAX) ++n;
       number.Format(L"%d", n);
     }
     if (rules.unionLabel) label += L"-";

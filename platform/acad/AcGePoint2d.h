@@ -6,7 +6,7 @@
 class AcGeVector2d {
  public:
   AcGeVector2d() = default;
-  AcGeVector2d(double xx, double yy) : x(xx), y(yy) {}
+  constexpr AcGeVector2d(double xx, double yy) : x(xx), y(yy) {}
   double length() const { return std::sqrt(x * x + y * y); }
   AcGeVector2d operator*(double s) const { return {x * s, y * s}; }
   AcGeVector2d operator+(const AcGeVector2d &v) const { return {x + v.x, y + v.y}; }
@@ -19,7 +19,7 @@ class AcGeVector2d {
 class AcGePoint2d {
  public:
   AcGePoint2d() = default;
-  AcGePoint2d(double xx, double yy) : x(xx), y(yy) {}
+  constexpr AcGePoint2d(double xx, double yy) : x(xx), y(yy) {}
   static const AcGePoint2d kOrigin;
   AcGePoint2d operator+(const AcGeVector2d &v) const { return {x + v.x, y + v.y}; }
   AcGeVector2d operator-(const AcGePoint2d &p) const { return {x - p.x, y - p.y}; }

@@ -2,6 +2,8 @@
 // openings of a drawing, corner windows and dormers, and faulty rules.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "LabelConfig.h"
 #include "StandardsFixture.h"
 #include "platform/acad/AcDbBlockTableRecord.h"
@@ -86,6 +88,12 @@ TEST(SizeDigitsTest, RoundingAndCutting) {
   EXPECT_EQ(GetSizeDigits(true, 949).str(), L"09");
   EXPECT_EQ(GetSizeDigits(true, 10000).str(), L"100");
   EXPECT_EQ(GetSizeDigits(false, 0).str(), L"00");
+}
+
+TEST(SizeDigitsTest, AbsurdSizesStopAtTheIntegerRange) {
+  EXPECT_EQ(GetSizeDigits(true, 1e300).str(), L"2147483647");
+  EXPECT_EQ(GetSizeDigits(false, std::numeric_limits<double>::infinity()).str(), L"2147483647");
+  EXPECT_EQ(GetSizeDigits(true, std::numeric_limits<double>::quiet_NaN()).str(), L"00");
 }
 
 TEST(SizeDigitsTest, TheFourFormatsOfASizeCode) {
@@ -185,6 +193,12 @@ TEST_F(OpeningLabelTest, SizeLabelCountsOnlyUnderTheCurrentRounding) {
   EXPECT_EQ(LabelOfNew(KyDbOpening::kDoor, 1500, 2100), L"M922");
   Rules(true, false, false);
   EXPECT_EQ(LabelOfNew(KyDbOpening::kDoor, 1500, 2100), L"M1");
+}
+
+TEST_F(OpeningLabelTest, HugeNumberInUseDoesNotOverflow) {
+  Rules(true, true, false);
+  AddOpening(KyDbOpening::kDoor, 900, 2100, L"M99999999999999999999", L"普通门");
+  EXPECT_EQ(LabelOfNew(KyDbOpening::kDoor, 1000, 2100), L"M2147483647");
 }
 
 TEST_F(OpeningLabelTest, LabelWithoutDigitsCountsAsZero) {
