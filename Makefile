@@ -9,7 +9,7 @@ ASAN_BUILD ?= build-asan
 BUILD_TYPE ?= RelWithDebInfo
 JOBS       ?= $(shell nproc)
 PACKAGES   := cmake ninja-build g++ make libgtest-dev libgmock-dev libbenchmark-dev \
-              libpugixml-dev python3 python3-ezdxf
+              libpugixml-dev python3 python3-ezdxf python3-pefile
 SUDO       := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 RUN_DIR    := $(BUILD)/run
 

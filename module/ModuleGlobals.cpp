@@ -2,12 +2,12 @@
 // in the order written here and destroyed in the reverse order.
 #include "module/ModuleGlobals.h"
 
+#include "language/KyDtLanguageSwitch.h"
 #include "module/ModuleState.h"
 
 KyDtDictionary g_dictCfg;
 KyDtDictionary g_dictHistoryData;
-// AWAITS the language switch: the module's KyDtLanguageSwitch object is
-// defined here, between the history data and the language table.
+KyDtLanguageSwitch g_languageSwitch;
 KyDtDictionary g_curDictLang;
 // AWAITS the project: g_curProject (KyDtProject) is defined here.
 // AWAITS the project database: g_curProjectDb (KyDtProjectDb) is defined here.

@@ -22,3 +22,6 @@
 // The exported global objects and pointers, and the hooks' answers.
 #include "module/ModuleGlobals.h"
 #include "module/EntityHooks.h"
+
+// The language switch and the language tools.
+#include "language/Language.h"
