@@ -10,6 +10,7 @@
 #include "platform/windows/ResourceModule.h"
 #include "platform/windows/ResourceTemplates.h"
 #include "platform/windows/PeImage.h"
+#include "platform/windows/PeWriter.h"
 #include "platform/mfc/AfxModuleState.h"
 #include "platform/mfc/CWnd.h"
 #include "platform/mfc/CDialog.h"
@@ -21,3 +22,4 @@
 #include "language/LangTranslate.h"
 #include "language/LanguageModuleKey.h"
 #include "language/LanguageStart.h"
+#include "language/LanguageTools.h"

@@ -18,3 +18,13 @@ bool CDialog::AttachDialog(HWND window, UINT templateId) {
   m_nIDHelp = templateId;
   return true;
 }
+
+bool CDialog::Create(const wchar_t *templateName, CWnd *parent) {
+  if (m_hWnd || !templateName) return false;
+  HWND window = ::CreateDialogParamW(AfxGetResourceHandle(), templateName, parent ? parent->m_hWnd : nullptr,
+                                     nullptr, 0);
+  if (!window) return false;
+  m_nIDHelp = 0;
+  m_pParentWnd = parent;
+  return Attach(window);
+}

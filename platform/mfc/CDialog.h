@@ -13,6 +13,8 @@ class CDialog : public CWnd {
   // current resource module (AfxGetResourceHandle); false when the module
   // has no such template.
   bool Create(UINT templateId, CWnd *parent = nullptr);
+  // The same for a template with a name; the template id stays 0.
+  bool Create(const wchar_t *templateName, CWnd *parent = nullptr);
   // Attaches to a dialog window made elsewhere, under a template id.
   bool AttachDialog(HWND window, UINT templateId);
 
