@@ -8,6 +8,7 @@
 
 #include "TolvDataBase.h"
 #include "platform/acad/AcutPrintf.h"
+#include "platform/mfc/AfxMessage.h"
 #include "platform/utility/SupportFiles.h"
 #include "platform/windows/PathMap.h"
 #include "platform/windows/TextCodec.h"
