@@ -35,11 +35,15 @@ configure: deps $(BUILD)/build.ninja
 build: configure
 	cmake --build $(BUILD) -j $(JOBS)
 
-run: build
+# Builds only what it runs: the host program, the module and its sibling.
+# Each script of tools/scripts/run.d shows one subsystem at work.
+run: configure
+	cmake --build $(BUILD) -j $(JOBS) --target tolv TolvSibling
 	rm -rf $(RUN_DIR) && mkdir -p $(RUN_DIR) && cp -r share/support $(RUN_DIR)/support
-	$(BUILD)/bin/tolv host --main-dir $(RUN_DIR)/support --script tools/scripts/demo.scr
-	@echo "== what the stop saved: config.xml against the bundled copy"
-	@diff share/support/config.xml $(RUN_DIR)/support/config.xml || true
+	@for s in tools/scripts/run.d/*.sh; do \
+	  echo "==== $$s"; \
+	  TOLV=$(BUILD)/bin/tolv RUN_DIR=$(RUN_DIR) SUPPORT=$(RUN_DIR)/support bash $$s || exit 1; \
+	done
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)

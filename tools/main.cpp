@@ -1,7 +1,7 @@
 // tolv: the command-line program of the data layer. "tolv host" acts as the
 // CAD host: it loads the module, sends it the host's messages and serves a
-// command line against it. Further subcommands for the data files join the
-// table in main().
+// command line against it. The subcommands for the data files come from the
+// sibling module beside the data layer, which registers them.
 #include <unistd.h>
 
 #include <cstdio>
@@ -15,6 +15,7 @@
 #include "host/HostSession.h"
 #include "host/ModuleLoader.h"
 #include "host/ScriptRunner.h"
+#include "host/SiblingLoader.h"
 
 namespace {
 
@@ -23,6 +24,7 @@ const char kUsage[] =
     "\n"
     "commands:\n"
     "  host    act as the CAD host for the TolvDataBase module\n"
+    "  (the data files' commands follow below; each takes --help)\n"
     "\n"
     "tolv host [--module FILE] [--main-dir DIR] [--script FILE] [--cycles N]\n"
     "          [--drawing FILE] [--save-on-quit]\n"
@@ -39,6 +41,7 @@ const char kUsage[] =
     "    SAVE          save the document's drawing under its name\n"
     "    SAVEAS FILE   save the drawing as FILE, the name it keeps from then on\n"
     "    QUIT, EXIT    end the input (so does the end of the input)\n"
+    "    HELP          list the lines below\n"
     "    ; text        a comment\n"
     "\n"
     "  At the end it closes the document (kUnloadDwgMsg), stops the module\n"
@@ -80,6 +83,8 @@ struct HostOptions {
   bool saveOnQuit = false;
   int cycles = 1;
 };
+
+std::string FullUsage(const SiblingLoader &sibling);
 
 // One session: load, start, serve the input, stop, unload. Gives the exit
 // status of the session.
@@ -134,7 +139,9 @@ int RunHost(const std::vector<std::string> &args) {
         return 2;
       }
     } else if (a == "--help" || a == "-h") {
-      std::fputs(kUsage, stdout);
+      SiblingLoader sibling;
+      sibling.LoadBeside(options.module);
+      std::fputs(FullUsage(sibling).c_str(), stdout);
       return 0;
     } else {
       std::fprintf(stderr, "tolv host: unknown argument '%s'\n\n%s", a.c_str(), kUsage);
@@ -154,6 +161,18 @@ int RunHost(const std::vector<std::string> &args) {
   return status;
 }
 
+// The whole usage: the host's, then the lines and subcommands that the
+// sibling module registered.
+std::string FullUsage(const SiblingLoader &sibling) {
+  std::string text = kUsage;
+  if (!sibling.IsLoaded()) return text + "\n(no sibling module: " + sibling.error() + ")\n";
+  std::string lines = sibling.LineUsage();
+  if (!lines.empty()) text += "\nScript lines that call the module as a sibling module would:\n\n" + lines;
+  std::string subcommands = sibling.SubcommandUsage();
+  if (!subcommands.empty()) text += "\nCommands for the data files:\n\n" + subcommands;
+  return text;
+}
+
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -162,11 +181,15 @@ int main(int argc, char **argv) {
     std::fputs(kUsage, stderr);
     return 2;
   }
+  if (args[0] == "host") return RunHost({args.begin() + 1, args.end()});
+  SiblingLoader sibling;
+  sibling.LoadBeside(ModuleLoader::DefaultModulePath());
   if (args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
-    std::fputs(kUsage, stdout);
+    std::fputs(FullUsage(sibling).c_str(), stdout);
     return 0;
   }
-  if (args[0] == "host") return RunHost({args.begin() + 1, args.end()});
-  std::fprintf(stderr, "tolv: unknown command '%s'\n\n%s", args[0].c_str(), kUsage);
+  const int status = sibling.RunSubcommand(args[0], {args.begin() + 1, args.end()});
+  if (status >= 0) return status;
+  std::fprintf(stderr, "tolv: unknown command '%s' (tolv --help lists the commands)\n", args[0].c_str());
   return 2;
 }

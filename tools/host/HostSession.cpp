@@ -34,6 +34,7 @@ bool HostSession::Start(const std::string &modulePath) {
            (Linker()->isApplicationLocked(appId_) ? "locked" : "unlocked") + " and " +
            (Linker()->isAppMDIAware(appId_) ? "works with several documents"
                                             : "works with one document only"));
+  if (!sibling_.LoadBeside(modulePath)) HostLine("no sibling module: " + sibling_.error());
   return true;
 }
 
@@ -93,6 +94,7 @@ void HostSession::Stop() {
   tolv::LispHost::Instance().ForgetApplication(appId_);
   Linker()->endApplication(appId_);
   appId_ = nullptr;
+  sibling_.Unload();
   if (loader_.Unload()) {
     HostLine("module unloaded");
   } else {

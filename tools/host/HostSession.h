@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/ModuleLoader.h"
+#include "host/SiblingLoader.h"
 #include "platform/acad/AcEdLisp.h"
 #include "platform/acad/AcadErrorStatus.h"
 
@@ -41,6 +42,11 @@ class HostSession {
   // Invokes a Lisp function of the current document: false when none has
   // that name; otherwise `result` is what the function handed back.
   bool InvokeLisp(const std::wstring &name, tolv::LispResult &result);
+  // Serves a line that the sibling module registered: -1 when its first
+  // word is none of them, else 0 or 1 as the line succeeded or failed.
+  int ServeSiblingLine(const std::string &line) { return sibling_.ServeLine(line); }
+  // What the sibling's lines are, for HELP.
+  std::string SiblingLineUsage() const { return sibling_.LineUsage(); }
 
   // Messages that came back with another code than kRetOK.
   int failures() const { return failures_; }
@@ -50,6 +56,9 @@ class HostSession {
   bool Report(Acad::ErrorStatus es, const std::wstring &path);
 
   ModuleLoader loader_;
+  // Loaded after the module has started and unloaded before it goes, as
+  // it holds the module.
+  SiblingLoader sibling_;
   void *appId_ = nullptr;
   int document_ = 0;
   int failures_ = 0;

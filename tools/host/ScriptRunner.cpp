@@ -63,6 +63,19 @@ bool ScriptRunner::ServeLine(const std::string &raw) {
     return true;
   }
 
+  if (word == "HELP") {
+    CommandLine("The host's lines: SAVE, SAVEAS FILE, QUIT, (FUNCTION), COMMAND, and\n" +
+                session_.SiblingLineUsage());
+    return true;
+  }
+  if (line[0] != '(') {
+    const int served = session_.ServeSiblingLine(line);
+    if (served >= 0) {
+      if (served) ++errors_;
+      return true;
+    }
+  }
+
   if (line[0] == '(') {
     ServeLisp(line);
   } else {

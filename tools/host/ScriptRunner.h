@@ -7,6 +7,9 @@
 //   SAVE            saves the document's drawing under its name
 //   SAVEAS FILE     saves it as FILE (a POSIX path), the name it keeps
 //   QUIT or EXIT    ends the input; so does its end
+//   HELP            lists the lines the sibling module serves
+//   WORD ARGS...    a line of the sibling module (LAYER KEY, ...), which
+//                   calls the module as the add-on's other modules do
 //   ; text          a comment; blank lines are passed over as well
 //
 // Every line read is echoed after the prompt "Command: " unless it comes
