@@ -288,7 +288,11 @@ void LoadLanguageToolPaths(LanguageToolContext &context) {
   for (const Key &key : {Key{L"Package", &context.packagePath}, Key{L"ModuleList", &context.moduleListPath},
                          Key{L"SourceRoot", &context.sourceRoot}}) {
     wchar_t value[1024] = {};
-    if (::GetPrivateProfileStringW(L"LanguageTools", key.name, L"", value, 1024, ini) > 0) *key.target = value;
+    if (::GetPrivateProfileStringW(L"LanguageTools", key.name, L"", value, 1024, ini) == 0) continue;
+    // A relative path lies under the main directory.
+    const CString path(value);
+    const bool absolute = path.Find(L':') >= 0 || path[0] == L'\\';
+    *key.target = absolute ? path : GetMainDirectory() + path;
   }
 }
 

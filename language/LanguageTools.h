@@ -20,7 +20,8 @@ struct LanguageToolContext {
 };
 
 // The paths of section "LanguageTools" of "Set.ini" (keys "Package",
-// "ModuleList", "SourceRoot"), where they are given.
+// "ModuleList", "SourceRoot"), where they are given; a relative path is
+// taken under the main directory.
 void LoadLanguageToolPaths(LanguageToolContext &context);
 
 // "KyExLang".
