@@ -42,6 +42,7 @@ const fs::path &Package() {
 }
 
 void ForgetLanguage() {
+  KyDtLanguageSwitch::ForgetIndexes();
   g_pTolvLangSwitch = nullptr;
   g_pCurModuleLang = nullptr;
   ThisModuleLanguageTable() = nullptr;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "dictionary/KyDtDictionary.h"
@@ -18,6 +20,30 @@ namespace {
 
 // The table of the dialog being translated, while its children are walked.
 KyDtDictionary *g_pCurDialogLang = nullptr;
+
+// Code strings are looked up for every text the add-on shows: each section
+// gets an index by name on first use, made again when its length changes.
+// A name stands for the first child that bears it, as a lookup by path.
+struct CodeIndex {
+  std::int32_t length = -1;
+  std::unordered_map<std::wstring_view, KyDtDictItem *> byName;
+};
+std::unordered_map<const KyDtDictionary *, CodeIndex> g_codeIndexes;
+
+KyDtDictItem *FindCode(KyDtDictionary *codes, const CString &key) {
+  if (codes->IsAutoSort()) return codes->FindItem(key);
+  CodeIndex &index = g_codeIndexes[codes];
+  if (index.length != codes->GetLength()) {
+    index.byName.clear();
+    index.byName.reserve(static_cast<std::size_t>(codes->GetLength()));
+    for (KyDtDictItem *const *slot = codes->GetFirst(); slot; slot = codes->GetNext(slot)) {
+      if (*slot) index.byName.emplace((*slot)->m_strName.view(), *slot);
+    }
+    index.length = codes->GetLength();
+  }
+  auto found = index.byName.find(key.view());
+  return found == index.byName.end() ? nullptr : found->second;
+}
 
 constexpr int kRepairBufferSize = 349;
 constexpr int kWindowTextSize = 1024;
@@ -114,6 +140,8 @@ BOOL TranslateChild(HWND window, LPARAM) {
 
 KyDtLanguageSwitch &TheLanguageSwitch() { return g_languageSwitch; }
 
+void KyDtLanguageSwitch::ForgetIndexes() { g_codeIndexes.clear(); }
+
 namespace tolv {
 
 CString RepairCodePage(const CString &text) {
@@ -200,7 +228,7 @@ const wchar_t *KyDtLanguageSwitch::TranslateCode(const wchar_t *text) {
     }
     key.Replace(L'\r', L'\n');
   }
-  KyDtDictItem *entry = codes->FindItem(key);
+  KyDtDictItem *entry = FindCode(codes, key);
   if (!entry) return text;
   if (!lineEnds.empty()) {
     // The entry keeps its carriage returns from now on.

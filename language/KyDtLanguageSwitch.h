@@ -36,6 +36,10 @@ class KyDtLanguageSwitch : public TolvLanguageSwitch {
   // walk over the children gave, or 0.
   int TranslateWindow(CWnd *window) override;
 
+  // Drops the indexes of the code-string sections; the language start-up
+  // calls it before it reads a package.
+  static void ForgetIndexes();
+
  private:
   void TranslateRegisteredControls();
 };

@@ -18,6 +18,7 @@ void InitLanguage() {
   if (!FindFile(L"TolvLanguage.xml", path)) return;
   // A table found in an earlier package would point into the old tree.
   ThisModuleLanguageTable() = nullptr;
+  KyDtLanguageSwitch::ForgetIndexes();
   g_curDictLang.Reset();
   if (!g_curDictLang.ReadFromXML(path)) return;
   g_pTolvLangSwitch = &TheLanguageSwitch();

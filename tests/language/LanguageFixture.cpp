@@ -20,6 +20,7 @@ void ResetLanguageState() {
   g_pCurModuleLang = nullptr;
   g_strCurLanguage.Empty();
   ThisModuleLanguageTable() = nullptr;
+  KyDtLanguageSwitch::ForgetIndexes();
   g_curDictLang.Reset();
   TheLanguageSwitch().ClearControls();
   tolv::SetAnsiCodePage(0);

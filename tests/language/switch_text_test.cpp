@@ -172,3 +172,30 @@ TEST_F(StringResourceTest, CStringLoadStringReadsTheCurrentModule) {
   EXPECT_FALSE(missing.LoadString(4000));
   EXPECT_EQ(missing, CString(L"unchanged"));
 }
+
+TEST_F(CodeStringTest, EntryAddedAfterALookupIsFoundAndTheFirstOfTwoNamesWins) {
+  StartWithCodes({{L"甲", L"A"}});
+  EXPECT_EQ(std::wstring(switch_.TranslateCode(L"甲")), L"A");
+  KyDtDictionary *codes = g_curDictLang.FindDict(L"TOLVUIMODEL\\CODESTRING");
+  auto *added = new KyDtDictStringItem;
+  added->m_strName = L"乙";
+  added->m_strLocalName = L"B";
+  ASSERT_TRUE(codes->AppendItem(added));
+  EXPECT_EQ(std::wstring(switch_.TranslateCode(L"乙")), L"B");
+  // A second item of a name the section holds is refused by the section.
+  auto *twin = new KyDtDictStringItem;
+  twin->m_strName = L"甲";
+  twin->m_strLocalName = L"A2";
+  EXPECT_FALSE(codes->AppendItem(twin));
+  delete twin;
+  EXPECT_EQ(std::wstring(switch_.TranslateCode(L"甲")), L"A");
+}
+
+TEST_F(LanguageTest, PackageReadAgainIsLookedUpAfresh) {
+  Start(L"Eng", Module(Codes(L"<String name=\"甲\" localname=\"First\"/>")));
+  Current(L"TOLVUIMODEL");
+  EXPECT_EQ(std::wstring(TheLanguageSwitch().TranslateCode(L"甲")), L"First");
+  Start(L"Eng", Module(Codes(L"<String name=\"甲\" localname=\"Second\"/>")));
+  Current(L"TOLVUIMODEL");
+  EXPECT_EQ(std::wstring(TheLanguageSwitch().TranslateCode(L"甲")), L"Second");
+}

@@ -276,3 +276,24 @@ TEST_F(ToolsTest, ExportedPackageTranslatesTheModuleItCameFrom) {
   }
   FreeLibrary(module);
 }
+
+TEST_F(ToolsTest, ModuleListWithOddLinesKeepsOnlyArxNames) {
+  std::string odd = "\n   \n\t\tTolvA.arx\r\n" + std::string(100000, 'x') + ".arx\n" +
+                    std::string("\xff\xfe\x00garbage.ARX.dll\n", 19) + "tolvloader.arx\n.arx\nTolvB.arx;\n";
+  tolvtest::WriteFileBytes(dir_.path() / "modules" / "odd.rx", odd);
+  CStringArray modules;
+  bool opened = false;
+  tolv::ReadModuleList((root_ + L"\\modules\\odd.rx").c_str(), modules, opened);
+  ASSERT_TRUE(opened);
+  ASSERT_EQ(modules.GetSize(), 5);
+  // Leading blanks go; tabs are blanks too.
+  EXPECT_EQ(modules[0], CString(L"TOLVA.ARX"));
+  EXPECT_EQ(modules[1].GetLength(), 100004);
+  EXPECT_EQ(modules[2].Right(11), CString(L"GARBAGE.ARX"));
+  EXPECT_EQ(modules[3], CString(L".ARX"));
+  EXPECT_EQ(modules[4], CString(L"TOLVCOMCTRL9.DLL"));
+  // The export passes over every name that does not load.
+  context_.moduleListPath = (root_ + L"\\modules\\odd.rx").c_str();
+  ExportLanguage(context_);
+  EXPECT_NE(printed_.find(L"导出完毕"), std::wstring::npos);
+}
