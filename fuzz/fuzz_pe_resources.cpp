@@ -58,7 +58,8 @@ std::vector<std::string> FuzzTargetSeeds() {
                           {Id(4), Id(200), 0x0804, SampleMenu()},
                           {Id(6), Id(2), 0x0804, tolv::WriteStringBlock(strings)},
                           {Id(241), Id(300), 0, std::string("\x01\x00\x10\x00\x10\x00\x01\x00\x65\x00", 10)},
-                          {named, named, 0, "data"}}),
+                          {named, named, 0, "data"},
+                          {Id(240), Id(101), 0x0804, tolv::WriteDialogInit({{3, 0x0403, "\xD7\xF3"}, {3, 0x0403, "b"}})}}),
       tolv::WritePeImage({{Id(4), Id(1), 0, SampleMenu()}}),
   };
 }
@@ -79,6 +80,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     } else if (r.type.IsId() && r.type.id == 6) {
       std::array<std::wstring, 16> strings;
       tolv::ParseStringBlock(bytes, strings);
+    } else if (r.type.IsId() && r.type.id == 240) {
+      std::vector<tolv::DialogInitRecord> records;
+      tolv::ParseDialogInit(bytes, records);
     } else if (r.type.IsId() && r.type.id == 241) {
       tolv::ToolBarTemplate t;
       tolv::ParseToolBar(bytes, t);
@@ -91,7 +95,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   for (const tolv::RawResource &r : raw) {
     const unsigned type = RESOURCE_ID(r.type), id = RESOURCE_ID(r.name);
     if (type == 4) DestroyMenu(LoadMenuW(module, r.name));
-    if (type == 5) DestroyWindow(CreateDialogParamW(module, r.name, nullptr, nullptr, 0));
+    if (type == 5) {
+      DestroyWindow(CreateDialogParamW(module, r.name, nullptr, nullptr, 0));
+      // The framework's dialog, which also runs the dialog's initial data.
+      AfxSetResourceHandle(module);
+      CDialog dialog;
+      dialog.Create(id);
+      AfxSetResourceHandle(nullptr);
+    }
     if (type == 6) {
       wchar_t text[64];
       LoadStringW(module, (id - 1) * 16, text, 64);

@@ -11,7 +11,8 @@ class CDialog : public CWnd {
 
   // Creates the dialog modelessly from the template `templateId` of the
   // current resource module (AfxGetResourceHandle); false when the module
-  // has no such template.
+  // has no such template. Its list controls are filled from the template's
+  // initial data (resource type 240), if the module has some.
   bool Create(UINT templateId, CWnd *parent = nullptr);
   // The same for a template with a name; the template id stays 0.
   bool Create(const wchar_t *templateName, CWnd *parent = nullptr);

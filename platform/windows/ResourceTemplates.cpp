@@ -218,6 +218,35 @@ bool ParseDialogTemplate(std::string_view bytes, DialogTemplate &d) {
   return true;
 }
 
+bool ParseDialogInit(std::string_view bytes, std::vector<DialogInitRecord> &records) {
+  records.clear();
+  Reader r(bytes);
+  for (;;) {
+    DialogInitRecord record;
+    std::uint32_t length = 0;
+    if (!r.U16(record.control)) return true;  // the end of the data closes it too
+    if (record.control == 0) return true;
+    if (!r.U16(record.message) || !r.U32(length) || r.Remaining() < length) return false;
+    const std::string_view data = bytes.substr(r.At(), length);
+    record.text.assign(data.substr(0, data.find('\0')));
+    r.Skip(length);
+    records.push_back(std::move(record));
+  }
+}
+
+std::string WriteDialogInit(const std::vector<DialogInitRecord> &records) {
+  std::string out;
+  for (const DialogInitRecord &record : records) {
+    PutU16(out, record.control);
+    PutU16(out, record.message);
+    PutU32(out, static_cast<std::uint32_t>(record.text.size() + 1));
+    out += record.text;
+    out.push_back('\0');
+  }
+  PutU16(out, 0);
+  return out;
+}
+
 bool ParseMenuTemplate(std::string_view bytes, MenuTemplate &menu) {
   menu = MenuTemplate{};
   Reader r(bytes);

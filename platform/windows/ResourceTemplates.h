@@ -66,7 +66,20 @@ struct ToolBarTemplate {
   std::vector<std::uint16_t> ids;  // 0 is a separator
 };
 
+// The framework's initial data of a dialog's controls (resource type 240):
+// for each record the control id, the message that fills it (the 16-bit
+// LB_ADDSTRING 0x0401 or CB_ADDSTRING 0x0403, or the 32-bit codes) and the
+// entry as narrow text of the module's code page.
+struct DialogInitRecord {
+  std::uint16_t control = 0;
+  std::uint16_t message = 0;
+  std::string text;
+};
+
 bool ParseDialogTemplate(std::string_view bytes, DialogTemplate &dialog);
+// Stops at the closing zero id or the end; false when a record runs past it.
+bool ParseDialogInit(std::string_view bytes, std::vector<DialogInitRecord> &records);
+std::string WriteDialogInit(const std::vector<DialogInitRecord> &records);
 bool ParseMenuTemplate(std::string_view bytes, MenuTemplate &menu);
 // The 16 strings of a block; a block whose lengths run past the end fails.
 bool ParseStringBlock(std::string_view bytes, std::array<std::wstring, 16> &strings);

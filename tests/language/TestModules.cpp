@@ -80,6 +80,10 @@ std::string SampleModule() {
       {Id(6), Id(2), 0x0804, Strings(L"墙体\n名称", L"柱子")},
       {Id(6), Id(2), 0x0409, Strings(L"Wall\nname", L"Column")},
       {Id(241), Id(300), 0x0804, toolBar},
+      // The combo box's entries, as code-page-936 text in the Chinese data.
+      {Id(240), Id(101), 0x0804,
+       tolv::WriteDialogInit({{4, 0x0403, "\xD7\xF3"}, {4, 0x0403, "\xD6\xD0"}, {4, 0x0403, "\xD3\xD2"}})},
+      {Id(240), Id(101), 0x0409, tolv::WriteDialogInit({{4, 0x0403, "Left"}, {4, 0x0403, "Centre"}, {4, 0x0403, "Right"}})},
   });
 }
 

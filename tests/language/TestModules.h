@@ -17,7 +17,8 @@ struct Control {
 std::string Dialog(const std::wstring &caption, std::initializer_list<Control> controls, bool withFont = true);
 
 // A module with dialog 101, menu 200, strings 17 and 18 (block 2), tool
-// bar 300, in Chinese and English.
+// bar 300, in Chinese and English, and the entries of the dialog's combo
+// box 4 (左, 中, 右 / Left, Centre, Right).
 std::string SampleModule();
 
 void WriteBytes(const std::filesystem::path &path, const std::string &bytes);

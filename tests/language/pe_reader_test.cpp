@@ -16,6 +16,8 @@ void Put32(std::string &s, std::size_t at, std::uint32_t v) {
 
 // The file offset of the resource section's start in a written module.
 constexpr std::size_t kResourceStart = 0x200;
+// Dialog, menu and strings in two languages, the dialog data in two, a tool bar.
+constexpr std::size_t kSampleResources = 9;
 
 }  // namespace
 
@@ -25,7 +27,7 @@ TEST(PeReaderTest, WrittenModuleReadsBackWithTypesNamesAndLanguages) {
   ASSERT_TRUE(image.Parse(Bytes(langtest::SampleModule()), error)) << error;
   EXPECT_FALSE(image.Is64Bit());
   EXPECT_EQ(image.Machine(), 0x14C);
-  ASSERT_EQ(image.Resources().size(), 7u);
+  ASSERT_EQ(image.Resources().size(), kSampleResources);
   EXPECT_EQ(image.DamagedEntries(), 0);
   // Types in number order, then names, then languages.
   const auto &r = image.Resources();
@@ -34,8 +36,9 @@ TEST(PeReaderTest, WrittenModuleReadsBackWithTypesNamesAndLanguages) {
   EXPECT_EQ(r[0].language, 0x0409);
   EXPECT_EQ(r[1].language, 0x0804);
   EXPECT_EQ(r[2].type.id, 5);
-  EXPECT_EQ(r[6].type.id, 241);
-  EXPECT_EQ(r[6].size, 12u);
+  EXPECT_EQ(r[6].type.id, 240);
+  EXPECT_EQ(r[8].type.id, 241);
+  EXPECT_EQ(r[8].size, 12u);
 }
 
 TEST(PeReaderTest, NamedTypesAndNamesAreRead) {
@@ -75,7 +78,7 @@ TEST(PeReaderTest, TruncatedAtEveryOffsetFailsOrLosesEntriesCleanly) {
       for (const tolv::PeResource &r : image.Resources()) {
         EXPECT_LE(std::uint64_t{r.offset} + r.size, length);
       }
-      EXPECT_LE(image.Resources().size(), 7u);
+      EXPECT_LE(image.Resources().size(), kSampleResources);
     } else {
       EXPECT_FALSE(error.empty());
     }
@@ -90,7 +93,7 @@ TEST(PeReaderTest, DirectoryThatPointsBackToItselfIsWalkedOnce) {
   std::string error;
   ASSERT_TRUE(image.Parse(Bytes(bytes), error)) << error;
   EXPECT_GE(image.DamagedEntries(), 1);
-  EXPECT_LT(image.Resources().size(), 7u);
+  EXPECT_LT(image.Resources().size(), kSampleResources);
 }
 
 TEST(PeReaderTest, EntriesPointingOutsideTheFileAreLeftOut) {
@@ -100,7 +103,7 @@ TEST(PeReaderTest, EntriesPointingOutsideTheFileAreLeftOut) {
   std::string error;
   ASSERT_TRUE(image.Parse(Bytes(bytes), error)) << error;
   EXPECT_EQ(image.DamagedEntries(), 1);
-  EXPECT_EQ(image.Resources().size(), 5u);  // the menu type is gone
+  EXPECT_EQ(image.Resources().size(), kSampleResources - 2);  // the menu type is gone
 }
 
 TEST(PeReaderTest, AbsurdEntryCountIsRefused) {
@@ -232,7 +235,7 @@ TEST_F(ResourceModuleTest, LoadsPicksTheChineseResourceAndEnumerates) {
     reinterpret_cast<std::vector<int> *>(p)->push_back(RESOURCE_ID(type));
     return TRUE;
   }, reinterpret_cast<LONG_PTR>(&types));
-  EXPECT_EQ(types, (std::vector<int>{4, 5, 6, 241}));
+  EXPECT_EQ(types, (std::vector<int>{4, 5, 6, 240, 241}));
   std::vector<WORD> languages;
   EnumResourceLanguagesW(module, RT_DIALOG, MAKEINTRESOURCEW(101), [](HMODULE, LPCWSTR, LPCWSTR, WORD l, LONG_PTR p) -> BOOL {
     reinterpret_cast<std::vector<WORD> *>(p)->push_back(l);
@@ -281,4 +284,21 @@ TEST_F(ResourceModuleTest, MissingOrForeignFileDoesNotLoad) {
   EXPECT_EQ(LoadLibraryW(L"C:\\none\\missing.dll"), nullptr);
   langtest::WriteBytes(dir_.path() / "text.dll", "not a module");
   EXPECT_EQ(LoadLibraryW((tolv::ToSystemPath(dir_.str()) + L"\\text.dll").c_str()), nullptr);
+}
+
+TEST(ResourceTemplateTest, DialogInitDataReadsRecordsAndRefusesOneRunningPastTheEnd) {
+  std::string bytes = tolv::WriteDialogInit({{4, 0x0403, "abc"}, {5, 0x0401, std::string("x\0y", 3)}});
+  std::vector<tolv::DialogInitRecord> records;
+  ASSERT_TRUE(tolv::ParseDialogInit(bytes, records));
+  ASSERT_EQ(records.size(), 2u);
+  EXPECT_EQ(records[0].control, 4);
+  EXPECT_EQ(records[0].message, 0x0403);
+  EXPECT_EQ(records[0].text, "abc");
+  EXPECT_EQ(records[1].text, "x");
+  // A length of 4 GB in the first record.
+  bytes[4] = bytes[5] = bytes[6] = bytes[7] = '\xFF';
+  EXPECT_FALSE(tolv::ParseDialogInit(bytes, records));
+  // Without its closing zero the data ends with the bytes.
+  EXPECT_TRUE(tolv::ParseDialogInit(tolv::WriteDialogInit({{4, 0x0403, "a"}}).substr(0, 10), records));
+  EXPECT_EQ(records.size(), 1u);
 }

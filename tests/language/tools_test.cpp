@@ -68,8 +68,9 @@ TEST_F(ToolsTest, ModuleResourcesAreExportedFromTheChineseTemplates) {
   EXPECT_EQ(Local(package_, L"TOLVUIMODEL\\DIALOG\\101\\确定"), L"确定");
   EXPECT_EQ(Attribute(package_, L"TOLVUIMODEL\\DIALOG\\101\\确定", L"element_type"), L"BUTTON");
   EXPECT_EQ(Attribute(package_, L"TOLVUIMODEL\\DIALOG\\101\\墙高", L"element_type"), L"STATIC");
-  // Edit controls, empty texts and empty lists are passed over.
-  EXPECT_EQ(package_.FindDict(L"TOLVUIMODEL\\DIALOG\\101")->GetLength(), 2);
+  EXPECT_EQ(Attribute(package_, L"TOLVUIMODEL\\DIALOG\\101\\左;中;右", L"element_type"), L"COMBOBOX");
+  // Edit controls and empty texts are passed over.
+  EXPECT_EQ(package_.FindDict(L"TOLVUIMODEL\\DIALOG\\101")->GetLength(), 3);
   EXPECT_EQ(Attribute(package_, L"TOLVUIMODEL\\MENU\\200", L"element_type"), L"MENU");
   EXPECT_EQ(Local(package_, L"TOLVUIMODEL\\MENU\\200"), L"200");
   EXPECT_EQ(Attribute(package_, L"TOLVUIMODEL\\MENU\\200\\文件", L"element_type"), L"MENUPOPUP");
@@ -241,6 +242,7 @@ TEST_F(ToolsTest, ExportedPackageTranslatesTheModuleItCameFrom) {
   ExportModule(context_, (root_ + L"\\modules\\TolvUiModel.arx").c_str());
   package_.FindItem(L"TOLVUIMODEL\\DIALOG\\101")->m_strLocalName = L"Wall settings";
   package_.FindItem(L"TOLVUIMODEL\\DIALOG\\101\\确定")->m_strLocalName = L"OK";
+  package_.FindItem(L"TOLVUIMODEL\\DIALOG\\101\\左;中;右")->m_strLocalName = L"Left;Centre;Right";
   package_.FindItem(L"TOLVUIMODEL\\MENU\\200\\文件")->m_strLocalName = L"File";
   package_.FindItem(L"TOLVUIMODEL\\MENU\\200\\文件\\打开")->m_strLocalName = L"Open";
   package_.FindItem(L"TOLVUIMODEL\\STRING\\18")->m_strLocalName = L"Column";
@@ -263,7 +265,21 @@ TEST_F(ToolsTest, ExportedPackageTranslatesTheModuleItCameFrom) {
     wchar_t text[64];
     GetWindowTextW(GetDlgItem(dialog.m_hWnd, 1), text, 64);
     EXPECT_EQ(std::wstring(text), L"OK");
+    SendMessageW(GetDlgItem(dialog.m_hWnd, 4), CB_GETLBTEXT, 1, reinterpret_cast<LPARAM>(text));
+    EXPECT_EQ(std::wstring(text), L"Centre");
     dialog.DestroyWindow();
+    // On a machine of another code page the entries read as Latin-1 and
+    // are repaired before the lookup.
+    tolv::SetAnsiCodePage(1252);
+    CDialog western;
+    ASSERT_TRUE(western.Create(101u));
+    SendMessageW(GetDlgItem(western.m_hWnd, 4), CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(text));
+    EXPECT_EQ(std::wstring(text), L"\xD7\xF3");
+    g_pTolvLangSwitch->TranslateDialog(&western);
+    SendMessageW(GetDlgItem(western.m_hWnd, 4), CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(text));
+    EXPECT_EQ(std::wstring(text), L"Left");
+    western.DestroyWindow();
+    tolv::SetAnsiCodePage(0);
     CMenu menu;
     ASSERT_TRUE(menu.LoadMenu(200));
     g_pTolvLangSwitch->TranslateMenu(200, &menu);
