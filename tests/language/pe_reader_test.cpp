@@ -302,3 +302,13 @@ TEST(ResourceTemplateTest, DialogInitDataReadsRecordsAndRefusesOneRunningPastThe
   EXPECT_TRUE(tolv::ParseDialogInit(tolv::WriteDialogInit({{4, 0x0403, "a"}}).substr(0, 10), records));
   EXPECT_EQ(records.size(), 1u);
 }
+
+TEST(PeReaderTest, FileAboveTheSizeLimitIsRefusedBeforeItIsRead) {
+  tolvtest::ScratchDir dir("pe-large");
+  langtest::WriteBytes(dir.path() / "big.dll", langtest::SampleModule());
+  tolv::PeImage image;
+  std::string error;
+  EXPECT_FALSE(image.Load((dir.path() / "big.dll").string(), error, 100));
+  EXPECT_NE(error.find("too large"), std::string::npos);
+  EXPECT_TRUE(image.Load((dir.path() / "big.dll").string(), error));
+}
