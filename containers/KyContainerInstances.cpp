@@ -73,9 +73,9 @@ template class KyDynArray<char>;
 template class KyDynArray<double>;
 template class KyDynArray<KyDtDictionary *>;
 
-template class KyListNode<CString>;
-template class KyListNode<std::int32_t>;
-template class KyListNode<KyDtDictItem *>;
+template struct KyListNode<CString>;
+template struct KyListNode<std::int32_t>;
+template struct KyListNode<KyDtDictItem *>;
 
 template class KyList<CString>;
 template class KyList<std::int32_t>;

@@ -294,7 +294,15 @@ class KyDynPArray : public KyDynArray<T *> {
 
   // Same length, and each pair of slots both null or both set with equal
   // pointees.
-  bool operator==(KyDynArrayBase<T *> const &other) const {
+  bool operator==(KyDynArrayBase<T *> const &other) const { return EqualTo(other); }
+  bool operator!=(KyDynArrayBase<T *> const &other) const { return !EqualTo(other); }
+  // Two arrays of this kind compare here, so the comparison has one best
+  // reading whichever side stands first.
+  bool operator==(KyDynPArray const &other) const { return EqualTo(other); }
+  bool operator!=(KyDynPArray const &other) const { return !EqualTo(other); }
+
+ private:
+  bool EqualTo(KyDynArrayBase<T *> const &other) const {
     if (this->m_nLength != other.GetLength()) return false;
     T *const *q = other.GetFirst();
     for (std::int32_t k = 0; k < this->m_nLength && q; ++k, q = other.GetNext(q)) {
@@ -304,9 +312,7 @@ class KyDynPArray : public KyDynArray<T *> {
     }
     return true;
   }
-  bool operator!=(KyDynArrayBase<T *> const &other) const { return !(*this == other); }
 
- private:
   void NormaliseEnd(std::int32_t &end) const {
     if (end < 0 || end >= this->m_nLength) end = this->m_nLength - 1;
   }

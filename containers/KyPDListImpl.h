@@ -127,4 +127,8 @@ class KyPDList : public KyDList<T *> {
 
   bool operator==(KyDynArrayBase<T *> const &other) const { return Ops::Equal(*this, other); }
   bool operator!=(KyDynArrayBase<T *> const &other) const { return !Ops::Equal(*this, other); }
+  // Two lists of this kind compare here, so the comparison has one best
+  // reading whichever side stands first.
+  bool operator==(KyPDList const &other) const { return Ops::Equal(*this, other); }
+  bool operator!=(KyPDList const &other) const { return !Ops::Equal(*this, other); }
 };

@@ -106,4 +106,8 @@ class KyPXList : public KyXList<T *> {
 
   bool operator==(KyDynArrayBase<T *> const &other) const { return Ops::Equal(*this, other); }
   bool operator!=(KyDynArrayBase<T *> const &other) const { return !Ops::Equal(*this, other); }
+  // Two lists of this kind compare here, so the comparison has one best
+  // reading whichever side stands first.
+  bool operator==(KyPXList const &other) const { return Ops::Equal(*this, other); }
+  bool operator!=(KyPXList const &other) const { return !Ops::Equal(*this, other); }
 };

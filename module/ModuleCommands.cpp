@@ -5,15 +5,17 @@
 #include "module/ModuleGlobals.h"
 #include "platform/acad/AcEdLisp.h"
 #include "platform/dbobject/DbObjectSettings.h"
+#include "project/KyDtProjectDb.h"
 
 namespace {
 
 // "KyPrj": brings the project database template up to the current schema by
-// reading it and saving it back.
+// reading it and saving it back. Without a template the path stays empty
+// and the save writes nowhere.
 void ProjectTemplateCommand() {
-  // AWAITS the project database: make a local KyDtProjectDb, call
-  // Initialize() and then Save() on it. Until it exists the command is
-  // registered and does nothing.
+  KyDtProjectDb project;
+  project.Initialize();
+  project.Save();
 }
 
 // "KyExLang": exports the language table.

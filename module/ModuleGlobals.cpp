@@ -4,13 +4,14 @@
 
 #include "language/KyDtLanguageSwitch.h"
 #include "module/ModuleState.h"
+#include "project/KyDtPrj.h"
 
 KyDtDictionary g_dictCfg;
 KyDtDictionary g_dictHistoryData;
 KyDtLanguageSwitch g_languageSwitch;
 KyDtDictionary g_curDictLang;
-// AWAITS the project: g_curProject (KyDtProject) is defined here.
-// AWAITS the project database: g_curProjectDb (KyDtProjectDb) is defined here.
+KyDtProject g_curProject;
+KyDtProjectDb g_curProjectDb;
 // AWAITS the UI configuration: g_dbCfgUI (KyDtUIConfig) and then the UI
 // element factory map are defined here, last.
 

@@ -19,9 +19,17 @@
 #include "settings/SystemConfig.h"
 #include "settings/HistoryData.h"
 
+// The project: item tree, project file, project database.
+#include "project/KyDtPrj.h"
+
 // The exported global objects and pointers, and the hooks' answers.
 #include "module/ModuleGlobals.h"
 #include "module/EntityHooks.h"
+
+// Hatch pattern files, and the list control their lines are shown in.
+#include "platform/mfc/CListCtrl.h"
+#include "platform/mfc/CStdioFile.h"
+#include "patterns/KyPats.h"
 
 // The language switch and the language tools.
 #include "language/Language.h"

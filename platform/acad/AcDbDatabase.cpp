@@ -382,7 +382,7 @@ Acad::ErrorStatus AcDbDatabase::setTileMode(bool tileMode) {
 
 AcDb::UnitsValue AcDbDatabase::insunits() const { return static_cast<AcDb::UnitsValue>(state_->insunits); }
 Acad::ErrorStatus AcDbDatabase::setInsunits(AcDb::UnitsValue units) {
-  if (units < 0 || units > 20) return Acad::eInvalidInput;
+  if (static_cast<int>(units) < 0 || static_cast<int>(units) > 20) return Acad::eInvalidInput;
   state_->insunits = units;
   return Acad::eOk;
 }

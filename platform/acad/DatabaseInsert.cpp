@@ -15,7 +15,7 @@ namespace {
 class Copier {
  public:
   Copier(AcDbDatabase *target, AcDbDatabase *source)
-      : target_(target), source_(source), ts_(ObjectAccess::Db(target)), ss_(ObjectAccess::Db(source)) {}
+      : target_(target), ts_(ObjectAccess::Db(target)), ss_(ObjectAccess::Db(source)) {}
 
   AcDbObjectId Run(const std::wstring &blockName) {
     CopyRecords(ss_.regAppTable, ts_.regAppTable);
@@ -177,7 +177,6 @@ class Copier {
   }
 
   AcDbDatabase *target_;
-  AcDbDatabase *source_;
   DatabaseState &ts_;
   DatabaseState &ss_;
   std::unordered_map<AcDbObjectId, AcDbObjectId> map_;

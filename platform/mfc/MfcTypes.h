@@ -11,3 +11,7 @@ using UINT = unsigned int;
 using LONG = std::int32_t;
 using LONGLONG = long long;
 using ULONGLONG = unsigned long long;
+// The parameters and result of a window message.
+using WPARAM = std::uintptr_t;
+using LPARAM = std::intptr_t;
+using LRESULT = std::intptr_t;

@@ -16,7 +16,7 @@ using kytest::RingIntact;
 template class KyList<char>;
 template class KyDList<char>;
 template class KyDList<int>;
-template class KyDListNode<int>;
+template struct KyDListNode<int>;
 
 namespace {
 

@@ -50,7 +50,6 @@ class ModuleHarness : public ::testing::Test {
   std::vector<int> documents_;
   std::wstring commandLine_;
   std::vector<std::wstring> messageBoxes_;
-  bool started_ = false;
 };
 
 // The dictionary root around a body, as the settings files hold it.

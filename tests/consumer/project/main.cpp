@@ -43,6 +43,15 @@ int main() {
   std::remove(file.c_str());
   if (!read || count != 3 || name != L"wall") return Fail("the XML form doesn't come back");
 
+  // The project database through its proxies, as the floor commands use it.
+  KyDtProjectDb projectDb;
+  KyDtProjectRegion *region = projectDb.BindDict() ? projectDb.Models().AddRegion(L"0") : nullptr;
+  KyDtPrjFloor *floor = region ? region->AddFloor(L"1F") : nullptr;
+  const bool floorOk = floor && floor->GetHeight() == 3000.0;
+  delete floor;
+  delete region;
+  if (!floorOk || !g_curProject.IsEmptyProject()) return Fail("the project database misbehaves");
+
   std::printf("sibling module linked against the installed package: api %d, dictionary in use\n",
               acrxGetApiVersion());
   return 0;
