@@ -69,7 +69,7 @@ LPCWSTR PointerOf(const tolv::ResName &name) {
 
 const tolv::PeResource *Pick(LoadedModule *m, const tolv::ResName &type, const tolv::ResName &name,
                              int language) {
-  const tolv::PeResource *first = nullptr, *neutral = nullptr;
+  const tolv::PeResource *first = nullptr, *neutral = nullptr, *english = nullptr;
   for (const tolv::PeResource &r : m->image.Resources()) {
     if (!SameName(r.type, type) || !SameName(r.name, name)) continue;
     if (language >= 0) {
@@ -79,8 +79,9 @@ const tolv::PeResource *Pick(LoadedModule *m, const tolv::ResName &type, const t
     if (r.language == g_resourceLanguage) return &r;
     if (!first) first = &r;
     if (!neutral && r.language == 0) neutral = &r;
+    if (!english && r.language == 0x0409) english = &r;
   }
-  return neutral ? neutral : first;
+  return neutral ? neutral : english ? english : first;
 }
 
 std::string_view DataOf(HMODULE module, LPCWSTR name, LPCWSTR type) {

@@ -5,7 +5,8 @@
 //
 // A module that holds a resource in several languages gives, on a load by
 // type and name, the one in the preferred language (tolv::SetResourceLanguage,
-// Chinese 0x0804 unless set), else the neutral one, else the first listed.
+// Chinese 0x0804 unless set), else the neutral one, else the English one,
+// else the first listed.
 #pragma once
 
 #include <string>

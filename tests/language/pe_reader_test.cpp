@@ -312,3 +312,33 @@ TEST(PeReaderTest, FileAboveTheSizeLimitIsRefusedBeforeItIsRead) {
   EXPECT_NE(error.find("too large"), std::string::npos);
   EXPECT_TRUE(image.Load((dir.path() / "big.dll").string(), error));
 }
+
+TEST(ResourceLanguageTest, LoadFallsBackToNeutralThenEnglishThenTheFirst) {
+  auto strings = [](const wchar_t *text) {
+    std::array<std::wstring, 16> block;
+    block[0] = text;
+    return tolv::WriteStringBlock(block);
+  };
+  HMODULE neutral = tolv::CreateResourceModule(L"C:\\m\\a.dll", {{RT_STRING, MAKEINTRESOURCEW(1), 0x0411, strings(L"ja")},
+                                                                 {RT_STRING, MAKEINTRESOURCEW(1), 0x0409, strings(L"en")},
+                                                                 {RT_STRING, MAKEINTRESOURCEW(1), 0, strings(L"neutral")}});
+  HMODULE english = tolv::CreateResourceModule(L"C:\\m\\b.dll", {{RT_STRING, MAKEINTRESOURCEW(1), 0x0411, strings(L"ja")},
+                                                                 {RT_STRING, MAKEINTRESOURCEW(1), 0x0409, strings(L"en")}});
+  HMODULE first = tolv::CreateResourceModule(L"C:\\m\\c.dll", {{RT_STRING, MAKEINTRESOURCEW(1), 0x0411, strings(L"ja")},
+                                                               {RT_STRING, MAKEINTRESOURCEW(1), 0x0407, strings(L"de")}});
+  wchar_t text[16];
+  LoadStringW(neutral, 0, text, 16);
+  EXPECT_EQ(std::wstring(text), L"neutral");
+  LoadStringW(english, 0, text, 16);
+  EXPECT_EQ(std::wstring(text), L"en");
+  LoadStringW(first, 0, text, 16);
+  EXPECT_EQ(std::wstring(text), L"ja");
+  tolv::SetResourceLanguage(0x0407);
+  LoadStringW(first, 0, text, 16);
+  EXPECT_EQ(std::wstring(text), L"de");
+  tolv::SetResourceLanguage(0);
+  wchar_t path[64];
+  GetModuleFileNameW(first, path, 64);
+  EXPECT_EQ(std::wstring(path), L"C:\\m\\c.dll");
+  for (HMODULE m : {neutral, english, first}) EXPECT_TRUE(FreeLibrary(m));
+}
