@@ -6,6 +6,8 @@
 #include <filesystem>
 
 #include "HostProcess.h"
+#include "platform/windows/PeWriter.h"
+#include "platform/windows/ResourceTemplates.h"
 #include "support/TestSupport.h"
 
 namespace {
@@ -139,3 +141,54 @@ TEST_F(LanguageLines, ExportWritesAPackageAndMergeKeepsTranslations) {
 }
 
 }  // namespace
+
+namespace {
+
+// A module with one dialog in Chinese and English.
+std::string BilingualModule() {
+  auto dialog = [](const wchar_t *caption, const wchar_t *button, const wchar_t *label) {
+    tolv::DialogTemplate d;
+    d.style = 0x80C80080u;
+    d.title = caption;
+    tolv::DialogItemTemplate ok, text;
+    ok.id = 1;
+    ok.windowClass.id = 0x80;
+    ok.title.text = button;
+    text.id = 2;
+    text.windowClass.id = 0x82;
+    text.title.text = label;
+    d.items = {ok, text};
+    return tolv::WriteDialogTemplate(d);
+  };
+  tolv::ResName type, name;
+  type.id = 5;
+  name.id = 101;
+  return tolv::WritePeImage({{type, name, 0x0804, dialog(L"墙设置", L"确定", L"墙高")},
+                             {type, name, 0x0409, dialog(L"Wall settings", L"OK", L"Wall height")}});
+}
+
+}  // namespace
+
+TEST_F(LanguageLines, ExportedAndFilledPackageTranslatesTheModulesDialog) {
+  fs::create_directories(work_.path() / "mods");
+  fs::create_directories(work_.path() / "src");
+  tolvtest::WriteFileBytes(work_.path() / "mods" / "TolvSample.arx", BilingualModule());
+  tolvtest::WriteFileBytes(work_.path() / "mods" / "acad.rx", "TolvSample.arx\n");
+  const std::string list = (work_.path() / "mods" / "acad.rx").string();
+  const std::string chinese = (work_.path() / "chinese.xml").string();
+  HostRun exported = Lang({"export", "--modules", list, "--sources", (work_.path() / "src").string(), "--out", chinese});
+  ASSERT_EQ(exported.status, 0) << exported.err;
+  HostRun filled = Lang({"fill", chinese, "--modules", list, "--language", "0x0409", "--out",
+                         (support() / "TolvLanguage.xml").string()});
+  ASSERT_EQ(filled.status, 0) << filled.err;
+  EXPECT_NE(filled.out.find("1 dialogs, 2 controls"), std::string::npos) << filled.out;
+  HostRun run = Host("LANGDIALOG " + (work_.path() / "mods" / "TolvSample.arx").string() + " 101\n");
+  ASSERT_EQ(run.status, 0) << run.out << run.err;
+  EXPECT_NE(run.out.find("DIALOG 101 \"Wall settings\"\n  Button \"OK\"\n  Static \"Wall height\""), std::string::npos)
+      << run.out;
+  HostRun missing = Host("LANGDIALOG " + (work_.path() / "mods" / "TolvSample.arx").string() + " 102\n");
+  EXPECT_EQ(missing.status, 3);
+  EXPECT_NE(missing.out.find("no dialog 102"), std::string::npos) << missing.out;
+  HostRun bad = Lang({"fill", chinese, "--modules", list, "--out", chinese});
+  EXPECT_EQ(bad.status, 2);
+}

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "TolvDataBase.h"
+#include "lang/LangFill.h"
 #include "platform/windows/PathMap.h"
 #include "platform/windows/TextCodec.h"
 
@@ -13,6 +14,7 @@ namespace {
 
 constexpr const char *kUsage =
     "usage: tolv lang export --modules LIST --sources DIR --out FILE [--merge OLD]\n"
+    "       tolv lang fill PACKAGE --modules LIST --language HEX --out FILE\n"
     "       tolv lang stats FILE\n"
     "       tolv lang show MODULE (--dialog ID | --menu ID | --strings) [--language HEX]\n"
     "\n"
@@ -20,6 +22,8 @@ constexpr const char *kUsage =
     "        bare names lie beside LIST) and the Chinese literals of the .cpp files under\n"
     "        DIR's \"Tolv\" folders, and writes the package to FILE; with --merge the\n"
     "        translations of OLD are kept and FILE is OLD brought up to date.\n"
+    "fill    takes the local names of PACKAGE from the resources of another language\n"
+    "        (e.g. 0x0409) that the modules of LIST carry beside the exported ones.\n"
     "stats   per module and section: entries, how many are translated (the local name\n"
     "        differs from the source text; for dialog captions and string resources,\n"
     "        which are keyed by id, a local name without Chinese counts as translated)\n"
@@ -112,6 +116,56 @@ int Export(const std::vector<std::string> &args, std::ostream &out, std::ostream
     return 2;
   }
   out << "wrote " << output << ": " << result->GetLength() << " modules\n";
+  return 0;
+}
+
+// ---- fill ----
+
+int Fill(const std::vector<std::string> &args, std::ostream &out, std::ostream &err) {
+  std::string package, modules, language, output;
+  for (std::size_t i = 1; i < args.size(); ++i) {
+    if (Option(args, i, "--modules", modules) || Option(args, i, "--language", language) ||
+        Option(args, i, "--out", output))
+      continue;
+    if (package.empty() && args[i].rfind("--", 0) != 0) {
+      package = args[i];
+      continue;
+    }
+    err << "tolv lang fill: unknown or incomplete option " << args[i] << "\n" << kUsage;
+    return 2;
+  }
+  char *end = nullptr;
+  const unsigned long lang = std::strtoul(language.c_str(), &end, 0);
+  if (package.empty() || modules.empty() || output.empty() || language.empty() || *end || lang == 0 || lang > 0xFFFF) {
+    err << "tolv lang fill: a package, --modules, --language (e.g. 0x0409) and --out are needed\n" << kUsage;
+    return 2;
+  }
+  KyDtDictionary dict;
+  if (!std::filesystem::is_regular_file(package) || !dict.ReadFromXML(tolv::ToSystemPath(package).c_str())) {
+    err << "tolv lang fill: " << package << ": not a language package (unreadable, or not a dictionary)\n";
+    return 2;
+  }
+  const CString listPath = tolv::ToSystemPath(modules).c_str();
+  CStringArray files;
+  bool opened = false;
+  tolv::ReadModuleList(listPath, files, opened);
+  if (!opened) {
+    err << "tolv lang fill: " << modules << ": cannot be read\n";
+    return 2;
+  }
+  const int slash = listPath.ReverseFind(L'\\');
+  for (int i = 0; i < files.GetSize(); ++i) {
+    CString path = files[i];
+    if (path.Find(L'\\') < 0 && path.Find(L':') < 0) path = listPath.Left(slash + 1) + path;
+    const FillCount count = FillFromResources(dict, path.str(), static_cast<unsigned short>(lang));
+    out << Utf8(path) << ": " << count.dialogs << " dialogs, " << count.controls << " controls, " << count.menuItems
+        << " menu entries, " << count.strings << " strings\n";
+  }
+  if (!dict.SaveToXML(tolv::ToSystemPath(output).c_str()) || !std::filesystem::exists(output)) {
+    err << "tolv lang fill: " << output << ": cannot be written\n";
+    return 2;
+  }
+  out << "wrote " << output << "\n";
   return 0;
 }
 
@@ -264,7 +318,9 @@ int Show(const std::vector<std::string> &args, std::ostream &out, std::ostream &
       out << "DIALOG " << id << (d.extended ? " (extended)" : "") << " \"" << Shown(d.title) << "\", "
           << d.items.size() << " controls\n";
       for (const auto &item : d.items) {
-        const std::wstring title = item.title.IsId() ? L"#" + std::to_wstring(item.title.id) : item.title.text;
+        const std::wstring title = !item.title.IsId() ? item.title.text
+                                   : item.title.id ? L"#" + std::to_wstring(item.title.id)
+                                                   : std::wstring();
         out << "  " << tolv::ToUtf8(item.ClassName()) << " " << item.id << " \"" << Shown(title) << "\"\n";
       }
     }
@@ -325,6 +381,7 @@ int Run(const std::vector<std::string> &args, std::ostream &out, std::ostream &e
   }
   if (args[0] == "export") return Export(args, out, err);
   if (args[0] == "stats") return Stats(args, out, err);
+  if (args[0] == "fill") return Fill(args, out, err);
   if (args[0] == "show") return Show(args, out, err);
   err << "tolv lang: unknown action " << args[0] << "\n" << kUsage;
   return 2;
