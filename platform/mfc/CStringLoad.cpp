@@ -3,10 +3,16 @@
 #include "platform/windows/ResourceModule.h"
 
 bool CString::LoadString(unsigned int id) {
-  // A string-table entry holds at most 65535 characters.
-  std::wstring buffer(65536, L'\0');
-  int n = ::LoadStringW(AfxGetResourceHandle(), id, buffer.data(), static_cast<int>(buffer.size()));
-  if (n <= 0) return false;
-  *this = CString(buffer.c_str(), n);
-  return true;
+  // Most strings are short; a full buffer means the text may go on, and an
+  // entry holds at most 65535 characters.
+  for (int size : {512, 65536}) {
+    std::wstring buffer(static_cast<std::size_t>(size), L'\0');
+    const int n = ::LoadStringW(AfxGetResourceHandle(), id, buffer.data(), size);
+    if (n <= 0) return false;
+    if (n < size - 1 || size == 65536) {
+      *this = CString(buffer.c_str(), n);
+      return true;
+    }
+  }
+  return false;
 }

@@ -199,3 +199,16 @@ TEST_F(LanguageTest, PackageReadAgainIsLookedUpAfresh) {
   Current(L"TOLVUIMODEL");
   EXPECT_EQ(std::wstring(TheLanguageSwitch().TranslateCode(L"甲")), L"Second");
 }
+
+TEST_F(LanguageTest, LongStringResourceIsLoadedWhole) {
+  std::array<std::wstring, 16> block;
+  block[0] = std::wstring(3000, L'墙');
+  HMODULE module = tolv::CreateResourceModule(L"C:\\Tolv\\TolvLong.arx",
+                                              {{RT_STRING, MAKEINTRESOURCEW(1), 0x0804, tolv::WriteStringBlock(block)}});
+  AfxSetResourceHandle(module);
+  CString text;
+  EXPECT_TRUE(text.LoadString(0));
+  EXPECT_EQ(text.GetLength(), 3000);
+  AfxSetResourceHandle(nullptr);
+  FreeLibrary(module);
+}
