@@ -10,7 +10,7 @@ ASAN_BUILD ?= build-asan
 BUILD_TYPE ?= RelWithDebInfo
 JOBS       ?= $(shell nproc)
 PACKAGES   := cmake ninja-build g++ make libgtest-dev libgmock-dev libbenchmark-dev \
-              libpugixml-dev python3 python3-ezdxf python3-matplotlib
+              libpugixml-dev python3 python3-ezdxf python3-matplotlib python3-pefile
 ASAN_PACKAGES := clang-14 libclang-rt-14-dev
 SUDO       := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 RUN_DIR    := $(BUILD)/run

@@ -1,7 +1,11 @@
 #include "language/LangTranslate.h"
 
+#include "language/KyUtPushResource.h"
+#include "module/ModuleState.h"
+#include "platform/dbobject/TolvLanguageSwitch.h"
+
 CString _TL(const wchar_t *text) {
-  // The language switch is installed by the language start-up; until it
-  // exists nothing is translated and the source text stands.
-  return CString(text);
+  KyUtPushResource current(TheModuleState().instance);
+  if (!g_pTolvLangSwitch) return CString(text);
+  return CString(g_pTolvLangSwitch->TranslateCode(text));
 }

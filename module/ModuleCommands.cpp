@@ -1,6 +1,7 @@
 #include "module/ModuleCommands.h"
 
 #include "dictionary/KyDtDictionary.h"
+#include "language/LanguageTools.h"
 #include "module/ModuleGlobals.h"
 #include "platform/acad/AcEdLisp.h"
 #include "platform/dbobject/DbObjectSettings.h"
@@ -19,14 +20,20 @@ void ProjectTemplateCommand() {
 
 // "KyExLang": exports the language table.
 void ExportLanguageCommand() {
-  // AWAITS the language tools: run the export tool on a local empty
-  // KyDtDictionary.
+  KyDtDictionary package;
+  LanguageToolContext context;
+  LoadLanguageToolPaths(context);
+  context.package = &package;
+  ExportLanguage(context);
 }
 
-// "KyReplaceLang": replaces language entries in the sources.
+// "KyReplaceLang": lists the source lines whose literals are to be translated.
 void ReplaceLanguageCommand() {
-  // AWAITS the language tools: run the replace tool on a local empty
-  // KyDtDictionary.
+  KyDtDictionary package;
+  LanguageToolContext context;
+  LoadLanguageToolPaths(context);
+  context.package = &package;
+  ReplaceLanguage(context);
 }
 
 // The readers hand the setting back to Lisp as a number: 0 or 1 for the

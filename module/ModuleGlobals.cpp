@@ -2,6 +2,7 @@
 // in the order written here and destroyed in the reverse order.
 #include "module/ModuleGlobals.h"
 
+#include "language/KyDtLanguageSwitch.h"
 #include "module/ModuleState.h"
 #include "project/KyDtPrj.h"
 #include "uiconfig/KyDtUIConfig.h"
@@ -9,8 +10,7 @@
 
 KyDtDictionary g_dictCfg;
 KyDtDictionary g_dictHistoryData;
-// AWAITS the language switch: the module's KyDtLanguageSwitch object is
-// defined here, between the history data and the language table.
+KyDtLanguageSwitch g_languageSwitch;
 KyDtDictionary g_curDictLang;
 KyDtProject g_curProject;
 KyDtProjectDb g_curProjectDb;

@@ -1,5 +1,6 @@
 #include "module/ModuleShell.h"
 
+#include "language/LanguageStart.h"
 #include "module/EntityHooks.h"
 #include "module/ModuleCommands.h"
 #include "platform/acad/AcEdCommandStack.h"
@@ -23,8 +24,8 @@ void ModuleStart() {
 
   LoadHistoryData();
 
-  // AWAITS the language switch: the language start-up (which reads
-  // "Set.ini") here, after all three documents are read.
+  // After all three documents are read.
+  InitLanguage();
 
   g_KyGetLabelListMethod = KyDtGetOpeningLabels;
   g_KyGetLayerIdMethod = KyDtGetEntityLayerId;

@@ -43,3 +43,6 @@
 
 // The drawing standards.
 #include "standards/KyDtStandards.h"
+
+// The language switch and the language tools.
+#include "language/Language.h"

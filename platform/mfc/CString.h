@@ -106,6 +106,10 @@ class CString {
   CString &TrimRight(wchar_t ch);
   CString &TrimRight(const wchar_t *chars);
 
+  // The string `id` of the current resource module's string table; false
+  // (and the text unchanged) when it has none.
+  bool LoadString(unsigned int id);
+
   // printf-style with the home platform's wide rules ("%s" is wide).
   void Format(const wchar_t *format, ...);
   void AppendFormat(const wchar_t *format, ...);
