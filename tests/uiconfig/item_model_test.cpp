@@ -105,7 +105,10 @@ TEST_F(UiItemModel, RetargetingMovesTheCount) {
 TEST_F(UiItemModel, ChainOfTenThousandReferencesIsFollowedToItsEnd) {
   KyDtUICommandDef command;
   command.SetData(L"KyWall");
-  std::vector<KyDtUIReference> chain(10000);
+  // Held by value in a vector, so the class the vector destroys must be
+  // final: items are not meant to be destroyed through their base.
+  struct Link final : KyDtUIReference {};
+  std::vector<Link> chain(10000);
   chain.back().SetReferencedItem(&command);
   for (size_t i = 0; i + 1 < chain.size(); ++i) chain[i].SetReferencedItem(&chain[i + 1]);
   EXPECT_EQ(chain.front().GetReferencedItem(), &command);
