@@ -66,4 +66,27 @@ TEST(UiNameIndex, ErasingKeepsEveryOtherKeyReachable) {
   EXPECT_EQ(index.Find(keys[0]), nullptr);
 }
 
+TEST(UiNameIndex, LongKeysAndCharactersBeyondSixteenBitsAreFound) {
+  // Long keys and keys with characters outside the basic plane are views
+  // of their owner's text; short ones are held in the slot.
+  const std::wstring longKey = L"A_NAME_LONGER_THAN_TWENTY_CHARACTERS";
+  const std::wstring longKey2 = L"A_NAME_LONGER_THAN_TWENTY_CHARACTERZ";
+  const std::wstring wide = L"\U0001F600X";
+  const std::wstring wide2 = L"\U0000F600X";
+  const std::wstring chinese = L"全部命令";
+  KyDtUINameIndex index;
+  index.Insert(longKey, Item(1));
+  index.Insert(wide, Item(2));
+  index.Insert(chinese, Item(3));
+  EXPECT_EQ(index.Find(longKey), Item(1));
+  EXPECT_EQ(index.Find(longKey2), nullptr);
+  EXPECT_EQ(index.Find(wide), Item(2));
+  EXPECT_EQ(index.Find(wide2), nullptr);
+  EXPECT_EQ(index.Find(chinese), Item(3));
+  EXPECT_EQ(index.Find(L"全部命"), nullptr);
+  index.Erase(wide);
+  EXPECT_EQ(index.Find(wide), nullptr);
+  EXPECT_EQ(index.Find(longKey), Item(1));
+}
+
 }  // namespace
