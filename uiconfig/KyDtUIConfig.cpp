@@ -34,7 +34,7 @@ bool KyDtUIConfig::ReadFromXML(const wchar_t *path) {
   _auto_ptr<KyUtXMLDOMNode> root = document.GetRoot();
   if (!root || std::wcscmp(root->GetNodeName(), kRootName) != 0) return false;
   if (!m_pNamedMap) return false;
-  m_pNamedMap->index.clear();
+  m_pNamedMap->index.Clear();
   m_pNamedMap->ordered.clear();
   KyPushVar<KyDtUIConfig *> reading(g_pCurUICfg, this);
   *this << root;
@@ -61,20 +61,19 @@ bool KyDtUIConfig::SaveToXML(const wchar_t *path) {
 void KyDtUIConfig::AddToNamedMap(CString name, KyDtUIItem *item) {
   if (!m_pNamedMap) return;
   auto [at, added] = m_pNamedMap->ordered.emplace(std::move(name), item);
-  if (added) m_pNamedMap->index.emplace(at->first.view(), item);
+  if (added) m_pNamedMap->index.Insert(at->first.view(), item);
 }
 
 KyDtUIItem *KyDtUIConfig::FindNamedItem(CString name) {
   if (!m_pNamedMap) return nullptr;
-  auto found = m_pNamedMap->index.find(name.view());
-  return found == m_pNamedMap->index.end() ? nullptr : found->second;
+  return m_pNamedMap->index.Find(name.view());
 }
 
 void KyDtUIConfig::DelNamedMap(CString name) {
   if (!m_pNamedMap) return;
   auto found = m_pNamedMap->ordered.find(name);
   if (found == m_pNamedMap->ordered.end()) return;
-  m_pNamedMap->index.erase(found->first.view());
+  m_pNamedMap->index.Erase(found->first.view());
   m_pNamedMap->ordered.erase(found);
 }
 

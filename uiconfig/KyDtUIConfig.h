@@ -7,10 +7,10 @@
 #include <map>
 #include <memory>
 #include <string_view>
-#include <unordered_map>
 
 #include "uiconfig/KyDtUIDirectories.h"
 #include "uiconfig/KyDtUIDirectory.h"
+#include "uiconfig/KyDtUINameIndex.h"
 
 class KyDtUIConfig : public KyDtUIDirectory {
  public:
@@ -70,7 +70,7 @@ class KyDtUIConfig : public KyDtUIDirectory {
   // index's keys are views of the map's own keys.
   struct NamedMapWithIndex {
     NamedMap ordered;
-    std::unordered_map<std::wstring_view, KyDtUIItem *> index;
+    KyDtUINameIndex index;
   };
   std::shared_ptr<NamedMapWithIndex> m_pNamedMap;
 };

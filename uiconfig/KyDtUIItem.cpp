@@ -65,6 +65,15 @@ CString KyDtUIItem::GetTrueBitmapID() const {
 
 namespace {
 
+// Most attributes of an element are absent: an empty text is no copy.
+void ReadInto(CString &field, const wchar_t *text) {
+  if (*text) {
+    field = text;
+  } else if (!field.IsEmpty()) {
+    field.Empty();
+  }
+}
+
 void WriteIfSet(_auto_ptr<KyUtXMLDOMNode> &node, const wchar_t *attribute, const CString &value) {
   if (!value.IsEmpty()) node->SetAttributeValue(attribute, value);
 }
@@ -72,11 +81,11 @@ void WriteIfSet(_auto_ptr<KyUtXMLDOMNode> &node, const wchar_t *attribute, const
 }  // namespace
 
 void KyDtUIItem::ReadItemFields(_auto_ptr<KyUtXMLDOMNode> &node) {
-  m_strName = node->GetAttributeValue(L"name");
-  m_strLocalName = node->GetAttributeValue(L"localname");
-  m_strTitle = node->GetAttributeValue(L"title");
-  m_strComment = node->GetAttributeValue(L"comment");
-  m_strData = node->GetNodeValue();
+  ReadInto(m_strName, node->GetAttributeValue(L"name"));
+  ReadInto(m_strLocalName, node->GetAttributeValue(L"localname"));
+  ReadInto(m_strTitle, node->GetAttributeValue(L"title"));
+  ReadInto(m_strComment, node->GetAttributeValue(L"comment"));
+  ReadInto(m_strData, node->GetNodeValue());
 }
 
 void KyDtUIItem::WriteItemFields(_auto_ptr<KyUtXMLDOMNode> &node) const {

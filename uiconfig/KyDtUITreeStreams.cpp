@@ -5,6 +5,8 @@
 //
 // Both directions keep their own stack of open directories instead of
 // recursing, because a document may nest deeper than the call stack allows.
+#include <cwchar>
+#include <string>
 #include <vector>
 
 #include "platform/utility/KyUtXMLDOMNode.h"
@@ -26,6 +28,26 @@ struct ReadFrame {
   int next = 0;
 };
 
+// The maker of the last element name met. Siblings mostly share one element
+// name, so most elements are told by one comparison instead of a map search.
+// Kept for one read only: the factory map may change between reads.
+class LastFactory {
+ public:
+  KyDtUINewItemFn Find(const wchar_t *name) {
+    if (!name) return nullptr;
+    if (known_ && name_ == name) return make_;
+    make_ = FindUIElementFactory(name);
+    name_.assign(name);
+    known_ = true;
+    return make_;
+  }
+
+ private:
+  std::wstring name_;
+  KyDtUINewItemFn make_ = nullptr;
+  bool known_ = false;
+};
+
 struct WriteFrame {
   KyDtUIDirectory *directory;
   _auto_ptr<KyUtXMLDOMNode> node;
@@ -42,6 +64,7 @@ void KyDtUITreeStreams::Read(KyDtUIDirectory &root, _auto_ptr<KyUtXMLDOMNode> &r
     directory.Reset();
     return node->GetChildrenNodes();
   };
+  LastFactory factory;
   std::vector<ReadFrame> stack;
   stack.push_back({&root, _auto_ptr<KyUtXMLDOMNode>(), open(root, rootNode)});
   while (!stack.empty()) {
@@ -63,7 +86,7 @@ void KyDtUITreeStreams::Read(KyDtUIDirectory &root, _auto_ptr<KyUtXMLDOMNode> &r
     }
     _auto_ptr<KyUtXMLDOMNode> child = top.children->GetItem(top.next++);
     if (!child) continue;
-    KyDtUINewItemFn make = FindUIElementFactory(child->GetNodeName());
+    KyDtUINewItemFn make = factory.Find(child->GetNodeName());
     if (!make) continue;  // an element of no known class is skipped
     KyDtUIItem *item = make();
     if (!item) continue;
