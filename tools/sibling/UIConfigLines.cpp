@@ -117,7 +117,9 @@ const tolv::sibling::HostLine kUiItem(
     "UIITEM", "  UIITEM NAME          a UI item's true title, comment, bitmap id and command\n", &UiItemLine);
 const tolv::sibling::Subcommand kUi(
     "ui",
-    "tolv ui FILE [--tree SECTION]   check a UIConfig.xml: sections, references, names, unreached commands\n",
+    "  ui FILE [--tree SECTION]\n"
+    "                 check a UIConfig.xml: sections, references, names, unreached\n"
+    "                 commands\n",
     &UiCommand);
 
 }  // namespace

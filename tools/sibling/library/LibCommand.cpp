@@ -300,8 +300,9 @@ int LibCommand(const std::vector<std::string> &args) {
 }
 
 const tolv::sibling::Subcommand kLib("lib",
-                                     "tolv lib FILE [--find NAME=VALUE ...] [--items|--dirs]   a library (.DML) "
-                                     "or group (.DMLS): tree, search, blocks and previews\n",
+                                     "  lib FILE [--find NAME=VALUE ...] [--items|--dirs]\n"
+                                     "                 a library (.DML) or group (.DMLS): tree, search, blocks\n"
+                                     "                 and previews\n",
                                      &LibCommand);
 
 }  // namespace

@@ -85,7 +85,8 @@ int ProjectCommand(const std::vector<std::string> &args) {
 }
 
 const tolv::sibling::Subcommand kProject(
-    "project", "tolv project [--db] [--check] FILE   a project file's floors and files, or a project database's tree",
+    "project", "  project [--db] [--check] FILE\n"
+    "                 a project file's floors and files, or a project database's tree\n",
     &ProjectCommand);
 
 }  // namespace

@@ -114,7 +114,8 @@ int LayerCommand(const std::vector<std::string> &args) {
 }
 
 const tolv::sibling::Subcommand kLayerCmd("layer",
-                                          "tolv layer --main-dir DIR [--std NAME] KEY...   layers of keys by a standard",
+                                          "  layer --main-dir DIR [--std NAME] KEY...\n"
+                                          "                 the layers of keys by a standard\n",
                                           &LayerCommand);
 
 }  // namespace
