@@ -2,7 +2,10 @@
 // for element types that exist in this tree. The full exported surface is
 // the instantiation table below; rows whose element types belong to modules
 // or closed libraries that are not here yet are listed as waiting, and are
-// to be added next to their element type's header once it exists.
+// to be added next to their element type's header once it exists. Those of
+// the project, library and pattern classes now are: see
+// project/ProjectContainerInstances.cpp, library/KyDtLibContainerInstances.cpp
+// and patterns/KyPats.cpp.
 //
 // `long` of the exported signatures is 32 bits: std::int32_t, which is `int`
 // on this platform, so the rows for int and long share one instantiation.
