@@ -33,6 +33,12 @@ if [ ${#targets[@]} -eq 0 ]; then
   for b in "$build"/bin/fuzz_*; do [ -x "$b" ] && targets+=("$(basename "$b" | sed 's/^fuzz_//')"); done
 fi
 
+# ASan holds freed memory in a quarantine of 256 MB by default, which alone
+# would trip the 256 MB limit on memory; a small one still catches use after
+# free while the limit catches what the readers themselves take.
+export ASAN_OPTIONS=${ASAN_OPTIONS:-quarantine_size_mb=16:detect_leaks=1}
+export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1}
+
 summary=()
 status=0
 for t in "${targets[@]}"; do
