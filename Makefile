@@ -4,9 +4,13 @@
 # make asan  the test suite again in an AddressSanitizer + UBSan build, made
 #            with clang, so that CI builds and tests with both compilers.
 # make bench builds and runs the benchmarks.
+# make fuzz  builds every fuzz target with libFuzzer (clang, ASan + UBSan, the
+#            module instrumented for coverage) and runs each for FUZZ_SECONDS.
 
 BUILD      ?= build
 ASAN_BUILD ?= build-asan
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
 BUILD_TYPE ?= RelWithDebInfo
 JOBS       ?= $(shell nproc)
 PACKAGES   := cmake ninja-build g++ make libgtest-dev libgmock-dev libbenchmark-dev \
@@ -15,7 +19,7 @@ ASAN_PACKAGES := clang-14 libclang-rt-14-dev
 SUDO       := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 RUN_DIR    := $(BUILD)/run
 
-.PHONY: all deps asan-deps configure build run test asan bench clean
+.PHONY: all deps asan-deps configure build run test asan fuzz bench clean
 
 all: build
 
@@ -64,8 +68,14 @@ asan: asan-deps
 	ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --test-dir $(ASAN_BUILD) --output-on-failure -j $(JOBS)
 
+fuzz: asan-deps
+	cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTOLV_LIBFUZZER=ON \
+	  -DTOLV_BUILD_TESTS=OFF -DTOLV_BUILD_BENCH=OFF -DCMAKE_CXX_COMPILER=clang++-14
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target $(notdir $(basename $(wildcard fuzz/fuzz_*.cpp)))
+	tools/scripts/fuzz.sh $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
 bench: build
 	@for b in $(BUILD)/bin/bench_*; do [ -x "$$b" ] && echo "== $$b" && $$b; done; true
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD)

@@ -1,10 +1,14 @@
 // A stand-in for libFuzzer's driver where it isn't available: replays the
-// files named on the command line, or runs a fixed number of deterministic
-// mutations (flips, cuts, repeats, insertions of 0xFF runs) of the target's
-// seeds. The same seed of the random generator gives the same runs.
+// files named on the command line, or the seeds and every file of a folder
+// (--replay-dir=DIR: saved crash inputs; a missing folder has none), or runs
+// a fixed number of deterministic mutations (flips, cuts, repeats,
+// insertions of 0xFF runs) of the target's seeds. The same seed of the
+// random generator gives the same runs.
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <random>
 #include <string>
 #include <vector>
@@ -60,11 +64,33 @@ std::string Mutate(std::string s, std::mt19937 &rng) {
 int main(int argc, char **argv) {
   long runs = 1000;
   std::vector<std::string> files;
+  const char *replayDir = nullptr;
   for (int i = 1; i < argc; ++i) {
     if (std::strncmp(argv[i], "--runs=", 7) == 0)
       runs = std::strtol(argv[i] + 7, nullptr, 10);
+    else if (std::strncmp(argv[i], "--replay-dir=", 13) == 0)
+      replayDir = argv[i] + 13;
     else
       files.push_back(argv[i]);
+  }
+  if (replayDir) {
+    std::vector<std::string> seeds = FuzzTargetSeeds();
+    for (const auto &s : seeds) Run(s);
+    std::error_code ec;
+    std::vector<std::string> saved;
+    for (const auto &entry : std::filesystem::directory_iterator(replayDir, ec))
+      if (entry.is_regular_file() && entry.path().filename().string()[0] != '.') saved.push_back(entry.path());
+    std::sort(saved.begin(), saved.end());
+    for (const auto &f : saved) {
+      std::string bytes;
+      if (!tolv::ReadWholeFile(f, bytes)) {
+        std::fprintf(stderr, "cannot read %s\n", f.c_str());
+        return 2;
+      }
+      Run(bytes);
+    }
+    std::printf("replayed %zu seeds and %zu saved inputs of %s\n", seeds.size(), saved.size(), replayDir);
+    return 0;
   }
   if (!files.empty()) {
     for (const auto &f : files) {
