@@ -1,5 +1,6 @@
 #include "library/KyDmLibGroup.h"
 
+#include "library/KyDtLibFileRoot.h"
 #include "platform/utility/KyUtXMLDOM.h"
 
 KyDmLibGroup::KyDmLibGroup() = default;
@@ -40,17 +41,15 @@ bool KyDmLibGroup::SaveToNode(_auto_ptr<KyUtXMLDOMNode> &node) {
 
 bool KyDmLibGroup::ReadFromXML() {
   KyUtXMLDOMFile document;
-  if (!document.Open(m_strFileName)) return false;
-  _auto_ptr<KyUtXMLDOMNode> root = document.GetRoot();
-  if (!root || GetXMLNodeName().Compare(root->GetNodeName()) != 0) return false;
+  _auto_ptr<KyUtXMLDOMNode> root = KyDtOpenLibFileRoot(document, m_strFileName, GetXMLNodeName());
+  if (!root) return false;
   return ReadFromNode(root);
 }
 
 bool KyDmLibGroup::SaveToXML() {
   KyUtXMLDOMFile document;
-  if (!document.Open(m_strFileName)) return false;
-  _auto_ptr<KyUtXMLDOMNode> root = document.GetRoot();
-  if (!root || GetXMLNodeName().Compare(root->GetNodeName()) != 0) return false;
+  _auto_ptr<KyUtXMLDOMNode> root = KyDtOpenLibFileRoot(document, m_strFileName, GetXMLNodeName());
+  if (!root) return false;
   root->DeleteChildrenNodes();
   SaveToNode(root);
   root->SetAttributeValue(L"name", m_strName);

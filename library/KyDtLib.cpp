@@ -2,6 +2,7 @@
 
 #include <cwchar>
 
+#include "library/KyDtLibFileRoot.h"
 #include "platform/utility/KyUtXMLDOM.h"
 #include "platform/windows/WideFormat.h"
 #include "platform/windows/WinCrt.h"
@@ -37,17 +38,15 @@ bool KyDtLib::SaveToNode(_auto_ptr<KyUtXMLDOMNode> &node) {
 
 bool KyDtLib::ReadFromXML() {
   KyUtXMLDOMFile document;
-  if (!document.Open(m_strFileName)) return false;
-  _auto_ptr<KyUtXMLDOMNode> root = document.GetRoot();
-  if (!root || GetXMLNodeName().Compare(root->GetNodeName()) != 0) return false;
+  _auto_ptr<KyUtXMLDOMNode> root = KyDtOpenLibFileRoot(document, m_strFileName, GetXMLNodeName());
+  if (!root) return false;
   return ReadFromNode(root);
 }
 
 bool KyDtLib::SaveToXML() {
   KyUtXMLDOMFile document;
-  if (!document.Open(m_strFileName)) return false;
-  _auto_ptr<KyUtXMLDOMNode> root = document.GetRoot();
-  if (!root || GetXMLNodeName().Compare(root->GetNodeName()) != 0) return false;
+  _auto_ptr<KyUtXMLDOMNode> root = KyDtOpenLibFileRoot(document, m_strFileName, GetXMLNodeName());
+  if (!root) return false;
   root->DeleteChildrenNodes();
   SaveToNode(root);
   return document.Save(document.GetXMLFileName());
